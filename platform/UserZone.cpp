@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/UserZone.h"
+
+#include <QDateTime>
+
+#include <algorithm>
+
+using namespace std::chrono;
+using namespace std::chrono_literals;
+
+namespace tovarin {
+
+namespace {
+
+constexpr Instant tableBegin = sys_days(1970y / January / 1);
+constexpr Instant tableEnd = sys_days(2070y / January / 1);
+
+QDateTime toDateTime(Instant instant) {
+    return QDateTime::fromMSecsSinceEpoch(instant.time_since_epoch().count(), Qt::UTC);
+}
+
+Instant toInstant(const QDateTime &dateTime) {
+    return Instant(milliseconds(dateTime.toMSecsSinceEpoch()));
+}
+
+} // namespace
+
+UserZone::UserZone(const QTimeZone &zone) : m_zone(zone.isValid() ? zone : QTimeZone::utc()) {
+    m_spans.push_back({tableBegin, seconds(m_zone.offsetFromUtc(toDateTime(tableBegin)))});
+    for (const auto &transition : m_zone.transitions(toDateTime(tableBegin), toDateTime(tableEnd)))
+        m_spans.push_back({toInstant(transition.atUtc), seconds(transition.offsetFromUtc)});
+}
+
+UserZone UserZone::current() {
+    return UserZone(QTimeZone::systemTimeZone());
+}
+
+CivilDay UserZone::day(Instant instant) const {
+    return floor<days>(local_time<milliseconds>(instant.time_since_epoch() + offsetAt(instant)));
+}
+
+Instant UserZone::startOfDay(CivilDay day) const {
+    constexpr qint64 julianDayOfEpoch = 2440588;
+    QDate date = QDate::fromJulianDay(julianDayOfEpoch + day.time_since_epoch().count());
+    QDateTime start = date.startOfDay(m_zone);
+    while (date.isValid() && !start.isValid()) {
+        date = date.addDays(1);
+        start = date.startOfDay(m_zone);
+    }
+    return toInstant(start);
+}
+
+seconds UserZone::offsetAt(Instant instant) const {
+    if (instant < tableBegin || instant >= tableEnd)
+        return seconds(m_zone.offsetFromUtc(toDateTime(instant)));
+    const auto after =
+        std::upper_bound(m_spans.begin(), m_spans.end(), instant,
+                         [](Instant at, const Span &span) { return at < span.from; });
+    return std::prev(after)->offset;
+}
+
+} // namespace tovarin
