@@ -12,7 +12,7 @@
 namespace tovarin {
 
 /// The user's settings: a few named values that outlive the program. A write is on disk when the
-/// call returns; a write that fails is dropped.
+/// call returns; one that fails quietly holds for this run of the program only.
 ///
 /// The file knows only texts, so the type of a value is what its reader makes of it: a value that
 /// cannot be read as the asked type counts as absent.

@@ -15,7 +15,8 @@ namespace tovarin {
 namespace {
 
 constexpr Instant tableBegin = sys_days(1970y / January / 1);
-constexpr Instant tableEnd = sys_days(2070y / January / 1);
+// QTimeZone lists no transitions after 2037, though it knows the offsets of later years.
+constexpr Instant tableEnd = sys_days(2037y / January / 1);
 
 QDateTime toDateTime(Instant instant) {
     return QDateTime::fromMSecsSinceEpoch(instant.time_since_epoch().count(), Qt::UTC);
@@ -49,7 +50,10 @@ Instant UserZone::startOfDay(CivilDay day) const {
         date = date.addDays(1);
         start = date.startOfDay(m_zone);
     }
-    return toInstant(start);
+    // Where the clocks are set back over midnight, Qt gives the second one.
+    const Instant found = toInstant(start);
+    const Instant earlier(day.time_since_epoch() - offsetAt(found - 1ms));
+    return earlier < found && this->day(earlier) == day ? earlier : found;
 }
 
 seconds UserZone::offsetAt(Instant instant) const {
