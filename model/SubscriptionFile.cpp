@@ -38,7 +38,10 @@ std::optional<QByteArray> read(const QString &path) {
 
 bool replace(const QString &path, const QByteArray &bytes) {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    // Without the flush a full disk would go unnoticed: commit() renames even a file whose buffered
+    // bytes it failed to write.
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
+        !file.commit())
         return false;
     // The link's target, where QSaveFile has put the file, not the link.
     syncFolder(QFileInfo(QFileInfo(path).canonicalFilePath()).path());

@@ -95,17 +95,32 @@ bool holdsLoneSurrogate(std::string_view utf8) {
     return false;
 }
 
+/// Which end of the range a number is beyond that no double holds: whether its first digit stands
+/// for a power of ten that is positive.
+bool isTooLarge(std::string_view text) {
+    const std::size_t exponentAt = text.find_first_of("eE");
+    const std::string_view digits = text.substr(0, exponentAt);
+    const std::size_t point = std::min(digits.find('.'), digits.size());
+    const std::size_t first = digits.find_first_of("123456789");
+    qint64 exponent = 0;
+    if (exponentAt != std::string_view::npos) {
+        std::string_view power = text.substr(exponentAt + 1);
+        if (power.starts_with('+'))
+            power.remove_prefix(1);
+        if (std::from_chars(power.begin(), power.end(), exponent).ec != std::errc())
+            return !power.starts_with('-');
+    }
+    return static_cast<qint64>(point) - static_cast<qint64>(first) + exponent > 0;
+}
+
 /// The double nearest to a JSON number; no value when it is too large for one.
 std::optional<double> parseNumber(std::string_view text) {
     double value = 0;
     const auto result = std::from_chars(text.begin(), text.end(), value);
     if (result.ec == std::errc())
         return value == 0 ? 0.0 : value; // minus zero is zero
-    // from_chars says "out of range" of both ends; only the large one is a fault.
-    value = QByteArrayView(text.data(), static_cast<qsizetype>(text.size())).toDouble();
-    if (std::isinf(value))
-        return std::nullopt;
-    return 0.0;
+    // from_chars tells no difference between too large and too small.
+    return isTooLarge(text) ? std::nullopt : std::optional(0.0);
 }
 
 /// Takes the events of the JSON reader and builds the list. Returning false from an event ends the
