@@ -5,6 +5,7 @@
 
 #include <unicode/calendar.h>
 
+#include <algorithm>
 #include <string_view>
 
 using namespace std::chrono;
@@ -93,6 +94,12 @@ std::optional<CivilDay> UserCalendar::adding(CalendarStep step, CivilDay day) co
 
 std::optional<CivilDay> UserCalendar::steppingUntil(CivilDay target, CivilDay start,
                                                     CalendarStep step, int limit) const {
+    if (step.unit == CalendarStep::Unit::Day) {
+        // Days never clamp, so the steps are counted instead of taken.
+        const auto missing = (target - start).count() + step.count - 1;
+        const auto steps = std::clamp<qint64>(missing / step.count, 1, limit);
+        return start + days(step.count * steps);
+    }
     CivilDay day = start;
     for (int i = 0; i < limit; ++i) {
         const std::optional<CivilDay> next = adding(step, day);
