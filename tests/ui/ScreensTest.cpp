@@ -1,0 +1,305 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+// Loads the main window as the program does and looks at what stands on it. Any message of Qt's of
+// level warning or worse fails the test.
+
+#include "model/Store.h"
+#include "tests/support/LanguageScope.h"
+#include "tests/support/ManualClock.h"
+#include "tests/support/Printing.h"
+#include "tests/support/Samples.h"
+#include "ui/ContentModel.h"
+
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickStyle>
+#include <QQuickWindow>
+#include <QTemporaryDir>
+#include <QtPlugin>
+
+#include <gtest/gtest.h>
+
+Q_IMPORT_PLUGIN(TovarinPlugin)
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace tovarin {
+
+using Lang = LocalizationManager::Lang;
+
+namespace {
+
+QStringList complaints;
+
+void keepComplaints(QtMsgType type, const QMessageLogContext &, const QString &message) {
+    if (type != QtDebugMsg && type != QtInfoMsg)
+        complaints.append(message);
+}
+
+/// The texts in sight below an item.
+void collectTexts(const QQuickItem &item, QStringList &texts) {
+    if (!item.isVisible())
+        return;
+    const QVariant text = item.property("text");
+    if (text.isValid())
+        texts.append(text.toString());
+    for (const QQuickItem *child : item.childItems())
+        collectTexts(*child, texts);
+}
+
+class Screens : public testing::TestWithParam<Lang> {
+protected:
+    Screens() {
+        complaints.clear();
+        engine.addImportPath(u"qrc:/"_s);
+    }
+
+    ~Screens() override { EXPECT_EQ(complaints, QStringList()); }
+
+    void useFile(const QString &path) {
+        ASSERT_TRUE(QDir().mkpath(folder.filePath(u"Tovarin"_s)));
+        ASSERT_TRUE(QFile::copy(path, folder.filePath(u"Tovarin/subscriptions.json"_s)));
+    }
+
+    void open() {
+        store.emplace(folder.path(), clock, calendar);
+        content.emplace(*store, clock, calendar, LocalizationManager::shared());
+        engine.setInitialProperties({{u"content"_s, QVariant::fromValue(&*content)}});
+        engine.load(QUrl(u"qrc:/Tovarin/Main.qml"_s));
+        ASSERT_EQ(engine.rootObjects().size(), 1);
+        window = qobject_cast<QQuickWindow *>(engine.rootObjects().first());
+        ASSERT_TRUE(window);
+        settle();
+        ASSERT_TRUE(list().property("originY").isValid());
+    }
+
+    /// Waits until the window has drawn what it has to draw.
+    void settle() {
+        QCoreApplication::processEvents();
+        ASSERT_FALSE(window->grabWindow().isNull());
+    }
+
+    /// The list, whose position the keyboard moves.
+    QQuickItem &list() const { return *window->activeFocusItem(); }
+
+    qreal aboveSight() const {
+        return list().property("contentY").toReal() - list().property("originY").toReal();
+    }
+    qreal belowSight() const {
+        return list().property("contentHeight").toReal() - aboveSight() - list().height();
+    }
+
+    void press(Qt::Key key) {
+        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, Qt::NoModifier);
+            QCoreApplication::sendEvent(window, &event);
+        }
+        settle();
+    }
+
+    QStringList texts() const {
+        QStringList texts;
+        collectTexts(*window->contentItem(), texts);
+        return texts;
+    }
+
+    bool isZh() const { return GetParam() == Lang::zh; }
+    QString pair(const QString &chinese, const QString &english) const {
+        return isZh() ? chinese : english;
+    }
+
+    QTemporaryDir folder;
+    LanguageScope language{GetParam()};
+    ManualClock clock{instant("2025-06-10T01:00:00Z")};
+    UserCalendar calendar = calendarIn("Asia/Shanghai");
+    std::optional<Store> store;
+    std::optional<ContentModel> content;
+    QQmlApplicationEngine engine;
+    QQuickWindow *window = nullptr;
+};
+
+} // namespace
+
+TEST_P(Screens, ShowTheSampleList) {
+    useFile(QStringLiteral(TEST_DATA "/sample-subscriptions.json"));
+    open();
+    EXPECT_EQ(window->title(), pair(u"Tovarin · 订阅管家"_s, u"Tovarin · Subscription Manager"_s));
+    EXPECT_EQ(window->size(), QSize(960, 640));
+    EXPECT_EQ(window->color(), QColor(15, 15, 17));
+    const QStringList head = isZh() ? QStringList{u"Tovarin"_s,     u"[ 每月订阅支出 ]"_s,
+                                                  u"¥391.38"_s,     u"本地数据 · CNY"_s,
+                                                  u"每年支出"_s,    u"¥4696.61"_s,
+                                                  u"进行中"_s,      u"6"_s,
+                                                  u"近 7 天待扣"_s, u"2"_s,
+                                                  u"即将扣费"_s,    u"未来 7 天"_s,
+                                                  u"晚灯影院"_s,    u"3 天后扣费"_s,
+                                                  u"¥25"_s,         u"晨跑俱乐部"_s,
+                                                  u"6 天后扣费"_s,  u"¥15"_s,
+                                                  u"全部订阅"_s,    u"8 项"_s}
+                                    : QStringList{u"Tovarin"_s,
+                                                  u"[ MONTHLY SPEND ]"_s,
+                                                  u"$54.36"_s,
+                                                  u"LOCAL DATA · CNY"_s,
+                                                  u"Yearly"_s,
+                                                  u"$652.31"_s,
+                                                  u"Active"_s,
+                                                  u"6"_s,
+                                                  u"Due in 7d"_s,
+                                                  u"2"_s,
+                                                  u"Upcoming charges"_s,
+                                                  u"Next 7 days"_s,
+                                                  u"晚灯影院"_s,
+                                                  u"in 3 days"_s,
+                                                  u"¥25"_s,
+                                                  u"晨跑俱乐部"_s,
+                                                  u"in 6 days"_s,
+                                                  u"¥15"_s,
+                                                  u"All subscriptions"_s,
+                                                  u"8 items"_s};
+    QStringList sorted = texts();
+    for (const QString &text : head)
+        EXPECT_TRUE(sorted.removeOne(text)) << text.toStdString();
+    EXPECT_TRUE(sorted.contains(pair(u"AI/工具 · 每月 · 2025/07/06 扣费"_s,
+                                     u"AI & Tools · Monthly · Charges 2025/07/06"_s)));
+    EXPECT_TRUE(sorted.contains(pair(u"≈¥144/月"_s, u"≈$20/mo"_s)));
+}
+
+TEST_P(Screens, ShowTheEmptyState) {
+    open();
+    const QStringList expected =
+        isZh() ? QStringList{u"Tovarin"_s,
+                             u"[ 每月订阅支出 ]"_s,
+                             u"¥0"_s,
+                             u"本地数据 · CNY"_s,
+                             u"每年支出"_s,
+                             u"¥0"_s,
+                             u"进行中"_s,
+                             u"0"_s,
+                             u"近 7 天待扣"_s,
+                             u"0"_s,
+                             u"还没有任何订阅记录"_s,
+                             u"从常见服务快选开始，或批量扫描账单截图"_s}
+               : QStringList{u"Tovarin"_s,
+                             u"[ MONTHLY SPEND ]"_s,
+                             u"$0"_s,
+                             u"LOCAL DATA · CNY"_s,
+                             u"Yearly"_s,
+                             u"$0"_s,
+                             u"Active"_s,
+                             u"0"_s,
+                             u"Due in 7d"_s,
+                             u"0"_s,
+                             u"No subscriptions yet"_s,
+                             u"Start with quick pick, or batch-scan billing screenshots"_s};
+    EXPECT_EQ(texts(), expected);
+}
+
+TEST_P(Screens, BearManyEntriesWithLongNamesAtEverySize) {
+    QList<Subscription> subs;
+    for (int i = 0; i < 200; ++i) {
+        Subscription sub =
+            sampleSubscription(u"%1 a name that does not end "_s.arg(i).repeated(20));
+        sub.amount = i * 1e9 + 0.99;
+        sub.isActive = i % 3 != 0;
+        sub.startDate += std::chrono::hours(24 * (i % 40));
+        subs.append(sub);
+    }
+    subs[1].name =
+        u"<b>no</b> &amp; markup\nsecond line\tand \u202Eodd letters 👩‍👩‍👧‍👦"_s;
+    subs[2].name = QString(5000, u'长');
+    subs[4].category = QString(5000, u'x');
+    subs[5].currency = QString(5000, u'y');
+    open();
+    store->addAll(subs);
+    settle();
+    for (const QSize size : {QSize(640, 420), QSize(760, 480), QSize(1600, 1000)}) {
+        window->resize(size);
+        settle();
+    }
+    press(Qt::Key_End);
+    EXPECT_DOUBLE_EQ(belowSight(), 0);
+    store->setSubscriptions({});
+    settle();
+}
+
+TEST_P(Screens, FollowTheLanguageAndTheList) {
+    useFile(QStringLiteral(TEST_DATA "/sample-subscriptions.json"));
+    open();
+    LocalizationManager::shared().setLang(isZh() ? Lang::en : Lang::zh);
+    settle();
+    EXPECT_EQ(window->title(), pair(u"Tovarin · Subscription Manager"_s, u"Tovarin · 订阅管家"_s));
+    EXPECT_TRUE(texts().contains(pair(u"8 items"_s, u"8 项"_s)));
+    EXPECT_TRUE(texts().contains(pair(u"$54.36"_s, u"¥391.38"_s)));
+
+    store->deleteSubscription(store->subscriptions().first());
+    settle();
+    EXPECT_TRUE(texts().contains(pair(u"7 items"_s, u"7 项"_s)));
+    EXPECT_FALSE(texts().contains(u"Quillbird Pro"_s));
+}
+
+TEST_P(Screens, ScrollByTheKeyboard) {
+    open();
+    store->addAll(QList<Subscription>(100, sampleSubscription()));
+    settle();
+    const qreal all = belowSight();
+    ASSERT_GT(all, 3 * list().height());
+
+    press(Qt::Key_Up);
+    press(Qt::Key_PageUp);
+    EXPECT_DOUBLE_EQ(aboveSight(), 0);
+    press(Qt::Key_PageDown);
+    EXPECT_DOUBLE_EQ(aboveSight(), list().height());
+    press(Qt::Key_Down);
+    EXPECT_GT(aboveSight(), list().height());
+    press(Qt::Key_End);
+    EXPECT_DOUBLE_EQ(belowSight(), 0);
+    press(Qt::Key_PageDown);
+    press(Qt::Key_Down);
+    EXPECT_DOUBLE_EQ(belowSight(), 0);
+    press(Qt::Key_PageUp);
+    EXPECT_DOUBLE_EQ(aboveSight(), all - list().height());
+    press(Qt::Key_Home);
+    EXPECT_DOUBLE_EQ(aboveSight(), 0);
+}
+
+TEST_P(Screens, KeepTheirBeginningInSightWhenItGrows) {
+    open();
+    for (int i = 0; i < 30; ++i) {
+        Subscription sub = sampleSubscription();
+        sub.cycle = BillingCycle::weekly;
+        store->add(sub);
+        settle();
+        EXPECT_DOUBLE_EQ(aboveSight(), 0) << i;
+    }
+    window->resize(640, 420);
+    settle();
+    EXPECT_DOUBLE_EQ(aboveSight(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(, Screens, testing::Values(Lang::en, Lang::zh),
+                         [](const testing::TestParamInfo<Lang> &language) {
+                             return language.param == Lang::zh ? "Chinese" : "English";
+                         });
+
+} // namespace tovarin
+
+int main(int argc, char **argv) {
+    const QTemporaryDir home;
+    for (const char *variable :
+         {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR"})
+        qputenv(variable, home.path().toLocal8Bit());
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    for (const char *variable : {"QT_QUICK_BACKEND", "QSG_RHI_BACKEND", "QT_SCALE_FACTOR"})
+        qunsetenv(variable);
+
+    qInstallMessageHandler(tovarin::keepComplaints);
+    testing::InitGoogleTest(&argc, argv);
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    QQuickStyle::setStyle(u"Basic"_s);
+    const QGuiApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}

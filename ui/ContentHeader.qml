@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import Tovarin
+
+// All that stands above the rows of the list, and scrolls with them.
+Column {
+    id: root
+
+    required property ContentModel content
+
+    readonly property bool isZh: LocalizationManager.isZh
+
+    leftPadding: Theme.pageMargin
+    rightPadding: Theme.pageMargin
+    spacing: 28
+
+    HeroView {
+        width: root.width - 2 * Theme.pageMargin
+        content: root.content
+    }
+    UpcomingSection {
+        width: root.width - 2 * Theme.pageMargin
+        visible: root.content.dueCount > 0
+        charges: root.content.upcoming
+    }
+    SectionHeader {
+        width: root.width - 2 * Theme.pageMargin
+        height: implicitHeight + 10
+        visible: !root.content.isEmpty
+        title: root.isZh ? "全部订阅" : "All subscriptions"
+        note: root.content.count + (root.isZh ? " 项" : " items")
+    }
+    EmptyState {
+        width: root.width - 2 * Theme.pageMargin
+        visible: root.content.isEmpty
+    }
+}

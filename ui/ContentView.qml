@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Controls.Basic
+import Tovarin
+
+FocusScope {
+    id: root
+
+    required property ContentModel content
+
+    readonly property bool isZh: LocalizationManager.isZh
+
+    Item {
+        id: topBar
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        height: 60
+
+        ThemeText {
+            anchors.left: parent.left
+            anchors.leftMargin: Theme.pageMargin
+            anchors.verticalCenter: parent.verticalCenter
+            text: "Tovarin"
+            font.pixelSize: 18
+            font.weight: Font.Bold
+        }
+        Rectangle {
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            height: 1
+            color: Theme.hairline
+            visible: !list.isAtTop
+        }
+    }
+
+    ListView {
+        id: list
+
+        anchors.top: topBar.bottom
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        clip: true
+        focus: true
+        keyNavigationEnabled: false
+        currentIndex: -1
+        boundsBehavior: Flickable.StopAtBounds
+        model: root.content.subscriptions
+
+        // What stands above the rows grows and shrinks; whoever looks at its beginning goes on doing so.
+        property bool isAtTop: true
+        onContentYChanged: isAtTop = contentY <= originY
+        onOriginYChanged: {
+            if (isAtTop)
+                contentY = originY;
+        }
+
+        Accessible.role: Accessible.List
+        Accessible.name: root.isZh ? "全部订阅" : "All subscriptions"
+
+        Keys.onUpPressed: scrollBar.decrease()
+        Keys.onDownPressed: scrollBar.increase()
+        Keys.onPressed: event => {
+            switch (event.key) {
+            case Qt.Key_PageUp:
+                contentY = Math.max(originY, contentY - height);
+                break;
+            case Qt.Key_PageDown:
+                contentY = Math.max(originY, Math.min(originY + contentHeight - height, contentY + height));
+                break;
+            case Qt.Key_Home:
+                positionViewAtBeginning();
+                break;
+            case Qt.Key_End:
+                positionViewAtEnd();
+                break;
+            default:
+                return;
+            }
+            event.accepted = true;
+        }
+
+        ScrollBar.vertical: ScrollBar {
+            id: scrollBar
+
+            contentItem: Rectangle {
+                implicitWidth: 6
+                radius: 3
+                color: scrollBar.pressed ? Theme.textSecondary : Theme.lineStrong
+                visible: scrollBar.size < 1
+            }
+        }
+
+        // In Qt 6.4 a header cannot be made while this file binds its components to their context,
+        // which is what qmllint asks for.
+        // qmllint disable unqualified
+        header: ContentHeader {
+            width: list.width
+            content: root.content
+        }
+        delegate: SubscriptionRow {
+            width: list.width
+        }
+        // qmllint enable unqualified
+        footer: Item {
+            implicitHeight: 20
+        }
+    }
+}

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import Tovarin
+
+Column {
+    id: root
+
+    readonly property bool isZh: LocalizationManager.isZh
+
+    spacing: 8
+    topPadding: 64
+    bottomPadding: 64
+
+    ThemeText {
+        width: root.width
+        horizontalAlignment: Text.AlignHCenter
+        text: root.isZh ? "还没有任何订阅记录" : "No subscriptions yet"
+        font.pixelSize: 16
+        font.weight: Font.DemiBold
+    }
+    ThemeText {
+        width: root.width
+        horizontalAlignment: Text.AlignHCenter
+        text: root.isZh ? "从常见服务快选开始，或批量扫描账单截图"
+                        : "Start with quick pick, or batch-scan billing screenshots"
+        color: Theme.textSecondary
+        font.pixelSize: 13
+    }
+}

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Layouts
+import Tovarin
+
+HUDSurface {
+    id: root
+
+    required property ContentModel content
+
+    readonly property bool isZh: LocalizationManager.isZh
+    readonly property bool isWide: width >= 640
+
+    cornerRadius: 18
+    implicitHeight: grid.implicitHeight + 48
+
+    GridLayout {
+        id: grid
+
+        anchors.fill: parent
+        anchors.margins: 24
+        columns: root.isWide ? 2 : 1
+        columnSpacing: 32
+        rowSpacing: 20
+
+        ColumnLayout {
+            Layout.fillWidth: true
+            Layout.preferredWidth: 1
+            spacing: 6
+
+            ThemeText {
+                Layout.fillWidth: true
+                text: root.isZh ? "[ 每月订阅支出 ]" : "[ MONTHLY SPEND ]"
+                color: Theme.accent
+                font.pixelSize: 12
+                font.weight: Font.DemiBold
+                font.letterSpacing: 1
+            }
+            ThemeText {
+                Layout.fillWidth: true
+                text: root.content.monthlySpend
+                font.pixelSize: 44
+                font.weight: Font.DemiBold
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: 20
+            }
+            ThemeText {
+                Layout.fillWidth: true
+                text: root.isZh ? "本地数据 · CNY" : "LOCAL DATA · CNY"
+                color: Theme.textSecondary
+                font.pixelSize: 11
+                font.letterSpacing: 0.5
+            }
+        }
+
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.preferredWidth: 1
+            spacing: 20
+
+            SummaryFigure {
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                caption: root.isZh ? "每年支出" : "Yearly"
+                figure: root.content.yearlySpend
+            }
+            Rectangle {
+                Layout.preferredWidth: 1
+                Layout.preferredHeight: 36
+                color: Theme.hairline
+            }
+            SummaryFigure {
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                caption: root.isZh ? "进行中" : "Active"
+                figure: root.content.activeCount
+            }
+            Rectangle {
+                Layout.preferredWidth: 1
+                Layout.preferredHeight: 36
+                color: Theme.hairline
+            }
+            SummaryFigure {
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                caption: root.isZh ? "近 7 天待扣" : "Due in 7d"
+                figure: root.content.dueCount
+            }
+        }
+    }
+}

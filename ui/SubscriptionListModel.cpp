@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "ui/SubscriptionListModel.h"
+
+namespace tovarin {
+
+SubscriptionListModel::SubscriptionListModel(const UserCalendar &calendar, QObject *parent)
+    : QAbstractListModel(parent), m_calendar(calendar) {}
+
+void SubscriptionListModel::show(const QList<Subscription> &subs, Instant now) {
+    const bool isSameLength = subs.size() == m_subs.size();
+    if (!isSameLength)
+        beginResetModel();
+    m_subs = subs;
+    m_now = now;
+    m_texts.assign(static_cast<std::size_t>(subs.size()), std::nullopt);
+    if (!isSameLength)
+        endResetModel();
+    else if (!subs.isEmpty())
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1));
+}
+
+int SubscriptionListModel::rowCount(const QModelIndex &parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_subs.size());
+}
+
+QVariant SubscriptionListModel::data(const QModelIndex &index, int role) const {
+    if (!index.isValid())
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+    case NameRole:
+        return texts(index.row()).name;
+    case TagRole:
+        return texts(index.row()).tag;
+    case SubtitleRole:
+        return texts(index.row()).subtitle;
+    case AmountTextRole:
+        return texts(index.row()).amountText;
+    case MonthlyTextRole:
+        return texts(index.row()).monthlyText;
+    case IsActiveRole:
+        return texts(index.row()).isActive;
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> SubscriptionListModel::roleNames() const {
+    return {{NameRole, "name"},
+            {TagRole, "tag"},
+            {SubtitleRole, "subtitle"},
+            {AmountTextRole, "amountText"},
+            {MonthlyTextRole, "monthlyText"},
+            {IsActiveRole, "isActive"}};
+}
+
+const SubscriptionTexts &SubscriptionListModel::texts(int row) const {
+    std::optional<SubscriptionTexts> &texts = m_texts[static_cast<std::size_t>(row)];
+    if (!texts)
+        texts = subscriptionTexts(m_subs[row], m_now, m_calendar);
+    return *texts;
+}
+
+} // namespace tovarin

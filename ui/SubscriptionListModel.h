@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "model/Subscription.h"
+#include "ui/SubscriptionTexts.h"
+
+#include <QAbstractListModel>
+#include <QtQml/qqmlregistration.h>
+
+#include <optional>
+#include <vector>
+
+namespace tovarin {
+
+/// Subscriptions as rows of text, in the order in which they are given. The texts of a row are made
+/// when somebody first asks for them, so that a long list costs no more than the rows in sight.
+class SubscriptionListModel final : public QAbstractListModel {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The main window's model has it.")
+
+public:
+    enum Role {
+        NameRole = Qt::UserRole,
+        TagRole,
+        SubtitleRole,
+        AmountTextRole,
+        MonthlyTextRole,
+        IsActiveRole,
+    };
+    Q_ENUM(Role)
+
+    /// `calendar` must outlive the model.
+    explicit SubscriptionListModel(const UserCalendar &calendar, QObject *parent = nullptr);
+
+    /// Shows these entries as they read at `now`, in the language of the moment. While their number
+    /// stays the same, a view keeps its place.
+    void show(const QList<Subscription> &subs, Instant now);
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+private:
+    const SubscriptionTexts &texts(int row) const;
+
+    const UserCalendar &m_calendar;
+    QList<Subscription> m_subs;
+    Instant m_now;
+    mutable std::vector<std::optional<SubscriptionTexts>> m_texts;
+};
+
+} // namespace tovarin
