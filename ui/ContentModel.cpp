@@ -19,14 +19,15 @@ namespace {
 constexpr int monthsInYear = 12;
 constexpr int dueWithinDays = 7;
 
+/// What decides an entry's place; records are large, so they stay where they are meanwhile.
 struct Ranked {
-    Subscription sub;
+    const Subscription *sub;
     double monthlyCNY;
 };
 
 bool comesBefore(const Ranked &a, const Ranked &b) {
-    if (a.sub.isActive != b.sub.isActive)
-        return a.sub.isActive;
+    if (a.sub->isActive != b.sub->isActive)
+        return a.sub->isActive;
     return a.monthlyCNY > b.monthlyCNY;
 }
 
@@ -48,13 +49,13 @@ QList<Subscription> ContentModel::sortedSubs() const {
     QList<Ranked> ranked;
     ranked.reserve(m_store.subscriptions().size());
     for (const Subscription &sub : m_store.subscriptions())
-        ranked.append({sub, sub.monthlyAmountInCurrency() * CurrencyRates::rate(sub.currency)});
+        ranked.append({&sub, sub.monthlyAmountInCurrency() * CurrencyRates::rate(sub.currency)});
     std::ranges::stable_sort(ranked, comesBefore);
 
     QList<Subscription> sorted;
     sorted.reserve(ranked.size());
-    for (Ranked &entry : ranked)
-        sorted.append(std::move(entry.sub));
+    for (const Ranked &entry : ranked)
+        sorted.append(*entry.sub);
     return sorted;
 }
 
