@@ -1,0 +1,81 @@
+# SPDX-FileCopyrightText: The Tovarin developers
+# SPDX-License-Identifier: MIT
+"""What the main window says, read as a screen reader reads it."""
+import os
+import shutil
+
+from session import wait_for
+
+TITLES = {"en": "Tovarin · Subscription Manager", "zh": "Tovarin · 订阅管家"}
+LIST_NAMES = {"en": "All subscriptions", "zh": "全部订阅"}
+UPCOMING_NAMES = {"en": "Upcoming charges", "zh": "即将扣费"}
+LOCALES = {"en": "en_US.UTF-8", "zh": "zh_CN.UTF-8"}
+
+SAMPLE = os.path.join(os.path.dirname(os.path.abspath(__file__)),
+                      "../data/sample-subscriptions.json")
+
+
+def data_file(session):
+    """Where the program of this session keeps its list."""
+    return os.path.join(session.env["XDG_DATA_HOME"], "Tovarin", "subscriptions.json")
+
+
+def install(session, source):
+    """Puts a copy of the file where the program looks for its list."""
+    os.makedirs(os.path.dirname(data_file(session)))
+    shutil.copyfile(source, data_file(session))
+
+
+def install_bytes(session, content):
+    os.makedirs(os.path.dirname(data_file(session)))
+    with open(data_file(session), "wb") as file:
+        file.write(content)
+
+
+class MainWindow:
+    def __init__(self, app, language):
+        """Waits until the window is there."""
+        self.language = language
+        self.frame = app.find("frame", TITLES[language], timeout=20)
+        self.list = self.frame.find("list", LIST_NAMES[language], timeout=20)
+
+    @staticmethod
+    def _shown(element):
+        """What a screen reader finds just below the element."""
+        return [child for child in element.children if child.has("visible")]
+
+    @staticmethod
+    def _labels(elements):
+        return [e.name for e in elements if e.role == "label"]
+
+    def head(self):
+        """The texts above the rows of the list, from top to bottom, without the rows due soon."""
+        return self._labels(self._shown(self.list))
+
+    def upcoming(self):
+        """The texts of each row of the charges due soon; None without that section."""
+        for section in self._shown(self.list):
+            if (section.role, section.name) == ("list", UPCOMING_NAMES[self.language]):
+                return [self._labels(self._shown(row)) for row in self._shown(section)]
+        return None
+
+    def rows(self):
+        """The texts of each row of the list, which is scrolled down until it has shown them all."""
+        count, found = self.count(), {}
+
+        def look():
+            before = dict(found)
+            found.update((row, self._labels(self._shown(row)))
+                         for row in self._shown(self.list) if row.role == "list item")
+            if len(found) < count:
+                self.list.scroll(1)
+            return len(found) >= count and found == before   # no row is still being made
+
+        wait_for(f"{count} rows", look, 20)
+        return list(found.values())
+
+    def count(self):
+        """The number of entries that the list names in its head; 0 when the list says it is empty."""
+        ending = {"en": " items", "zh": " 项"}[self.language]
+        named = [text for text in self.head() if text.endswith(ending)]
+        return int(named[0].removesuffix(ending)) if named else 0

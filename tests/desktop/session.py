@@ -1,0 +1,1135 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: The Tovarin developers
+# SPDX-License-Identifier: MIT
+"""One complete, private, headless desktop session in which a test drives a real program
+from the outside, as a person would: mouse, keyboard, screen reader tree, tray, notifications.
+
+    from session import Session
+    with Session(lang="de_DE.UTF-8", tz="Europe/Berlin", clock="2025-03-03 09:59:30") as s:
+        app = s.start(["/path/to/program"])
+        app.find("push button", "New task").click()
+        s.type("Buy milk"); s.key("Return")
+        app.wait_text("Buy milk")
+        s.clock.jump(60)
+        s.notifications.wait(summary="Buy milk")
+
+Nothing in here is known to the program under test: it only sees an X display, a session bus with
+the usual desktop services, a system bus with a logind, and the accessibility bus.
+Use /usr/bin/python3 (it has gi). Packages: see APT below.  `session.py --help` lists the commands.
+"""
+import os, re, shutil, signal, struct, subprocess, sys, tempfile, threading, time, zlib
+import gi
+from gi.repository import Gio, GLib
+
+APT = """xvfb openbox xdotool xclip x11-utils x11-xserver-utils x11-xkb-utils imagemagick dbus at-spi2-core python3-gi gir1.2-gtk-3.0
+libfaketime dunst lxqt-panel trayer libgl1-mesa-dri fonts-dejavu-core""".split()
+
+FAKETIME_LIB = f"/usr/lib/{os.uname().machine}-linux-gnu/faketime/libfaketimeMT.so.1"
+MARK = "DESKTOP_TEST_SESSION"          # environment mark by which every process of a session is known
+
+
+class Failure(AssertionError):
+    """Something was not there in time, or cannot be done. wait_for() goes on trying on it."""
+
+
+class Ended(AssertionError):
+    """The program under test is not running any more; nothing is waited for then."""
+
+
+def wait_for(what, fn, timeout=5.0, every=0.05):
+    """Call fn until it returns something true; its exceptions count as 'not yet'."""
+    end, last = time.monotonic() + timeout, None
+    while True:
+        try:
+            v = fn()
+            if v:
+                return v
+        except (GLib.Error, Failure, subprocess.CalledProcessError, LookupError) as e:
+            last = e
+        if time.monotonic() > end:
+            try:
+                what = what() if callable(what) else what
+            except GLib.Error as e:      # describing it needs the program, and that does not answer
+                what = f"something; and the program does not answer: {e}"
+            raise Failure(f"waited {timeout} s for {what}" + (f" (last: {last})" if last else ""))
+        time.sleep(every)
+
+
+# ------------------------------------------------------------------------------------------ D-Bus
+
+class Bus:
+    """A connection to one bus, with short spellings and a time limit on every call."""
+
+    def __init__(self, address):
+        self.address = address
+        self.c = Gio.DBusConnection.new_for_address_sync(
+            address, Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
+        self.c.set_exit_on_close(False)
+
+    def call(self, dest, path, iface, method, sig=None, *args, timeout=5.0):
+        r = self.c.call_sync(dest, path, iface, method, GLib.Variant(sig, args) if sig else None, None,
+                             Gio.DBusCallFlags.NO_AUTO_START, int(timeout * 1000), None)
+        r = r.unpack() if r is not None else ()
+        return r[0] if len(r) == 1 else r
+
+    def get(self, dest, path, iface, prop):
+        return self.call(dest, path, "org.freedesktop.DBus.Properties", "Get", "(ss)", iface, prop)
+
+    def get_all(self, dest, path, iface):
+        return self.call(dest, path, "org.freedesktop.DBus.Properties", "GetAll", "(s)", iface)
+
+    def dbus(self, method, sig=None, *args):
+        return self.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method, sig, *args)
+
+    def own(self, name):
+        if self.dbus("RequestName", "(su)", name, 4) != 1:
+            raise Failure(f"{name} is already owned on this bus")
+
+    def release(self, name):
+        self.dbus("ReleaseName", "(s)", name)
+
+    def has_owner(self, name):
+        return self.dbus("NameHasOwner", "(s)", name)
+
+    def pid_of(self, name):
+        return self.dbus("GetConnectionUnixProcessID", "(s)", name)
+
+    def emit(self, path, iface, name, sig, *args):
+        self.c.emit_signal(None, path, iface, name, GLib.Variant(sig, args))
+
+    def export(self, path, xml, methods, props=lambda name: None):
+        """methods: object with one Python method per D-Bus method: (sender, *args) -> GLib.Variant or None."""
+        for info in Gio.DBusNodeInfo.new_for_xml(xml).interfaces:
+            def on_call(conn, sender, p, i, method, params, inv):
+                try:
+                    inv.return_value(getattr(methods, method)(sender, *params.unpack()))
+                except Exception as e:           # a bug in here must not hang the program under test
+                    inv.return_dbus_error("org.freedesktop.DBus.Error.Failed", repr(e))
+            self.c.register_object(path, info, on_call, lambda c, s, p, i, name: props(name), None)
+
+    def close(self):
+        try:
+            self.c.close_sync(None)
+        except GLib.Error:
+            pass
+
+
+# ------------------------------------------------------------------------------ notification daemon
+
+class Notifications:
+    """What the program posted to org.freedesktop.Notifications. In mode "record" this object is the
+    daemon itself; in mode "dunst" the real dunst is, and this only listens (bus monitor)."""
+    XML = """<node><interface name='org.freedesktop.Notifications'>
+      <method name='GetCapabilities'><arg direction='out' type='as'/></method>
+      <method name='Notify'><arg direction='in' type='s'/><arg direction='in' type='u'/><arg direction='in' type='s'/><arg direction='in' type='s'/>
+        <arg direction='in' type='s'/><arg direction='in' type='as'/><arg direction='in' type='a{sv}'/><arg direction='in' type='i'/><arg direction='out' type='u'/></method>
+      <method name='CloseNotification'><arg direction='in' type='u'/></method>
+      <method name='GetServerInformation'><arg direction='out' type='s'/><arg direction='out' type='s'/><arg direction='out' type='s'/><arg direction='out' type='s'/></method>
+      <signal name='NotificationClosed'><arg type='u'/><arg type='u'/></signal>
+      <signal name='ActionInvoked'><arg type='u'/><arg type='s'/></signal>
+      <signal name='ActivationToken'><arg type='u'/><arg type='s'/></signal>
+    </interface></node>"""
+    NAME, PATH = "org.freedesktop.Notifications", "/org/freedesktop/Notifications"
+
+    def __init__(self, session, mode, capabilities):
+        self.s, self.mode, self.capabilities = session, mode, capabilities
+        self.all = []            # every Notify ever received, oldest first: dicts
+        self.closed = []         # ids for which the program called CloseNotification
+        self.next_id, self.bus = 1, None
+        self.start()
+
+    def start(self):
+        if self.mode == "record":
+            self.bus = Bus(self.s.bus_address)
+            self.bus.export(self.PATH, self.XML, self)
+            self.bus.own(self.NAME)
+        elif self.mode == "dunst":
+            self.bus = Bus(self.s.bus_address)
+            self.bus.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus.Monitoring", "BecomeMonitor", "(asu)",
+                          [f"interface='{self.NAME}'", f"type='method_return',sender='{self.NAME}'"], 0)
+            self.bus.c.add_filter(self._tap)
+            conf = self.s.root + "/dunstrc"
+            with open(conf, "w") as f:
+                f.write("[global]\n    monitor = 0\n    origin = top-right\n    offset = 10x10\n    width = 300\n    idle_threshold = 0\n"
+                        "    mouse_left_click = do_action, close_current\n    show_indicators = true\n    font = Sans 10\n")
+            self.proc = self.s.spawn("dunst", ["dunst", "-config", conf])
+            wait_for("dunst", lambda: self.s.bus.has_owner(self.NAME))
+
+    def _record(self, sender, app, replaces, icon, summary, body, actions, hints, timeout):
+        self.all.append(dict(app=app, replaces=replaces, icon=icon, summary=summary, body=body,
+                             actions=dict(zip(actions[::2], actions[1::2])), hints=hints, timeout=timeout, sender=sender,
+                             at=self.s.clock.now(), mono=time.monotonic(), id=None))
+        return self.all[-1]
+
+    def _tap(self, conn, msg, incoming):
+        # these are copies of other peoples' messages, and a monitor must not answer: None ends their way here
+        if msg.get_message_type() == Gio.DBusMessageType.METHOD_CALL and msg.get_interface() == self.NAME:
+            if msg.get_member() == "Notify":
+                self._record(msg.get_sender(), *msg.get_body().unpack())["_serial"] = (msg.get_sender(), msg.get_serial())
+            elif msg.get_member() == "CloseNotification":
+                self.closed.append(msg.get_body().unpack()[0])
+        elif msg.get_message_type() == Gio.DBusMessageType.METHOD_RETURN:
+            for n in self.all:
+                if n.get("_serial") == (msg.get_destination(), msg.get_reply_serial()):
+                    n["id"] = msg.get_body().unpack()[0]
+        return None
+
+    # methods called over D-Bus (mode "record")
+    def GetCapabilities(self, sender):
+        return GLib.Variant("(as)", (self.capabilities,))
+
+    def GetServerInformation(self, sender):
+        return GLib.Variant("(ssss)", ("recorder", "test", "1", "1.2"))
+
+    def Notify(self, sender, *a):
+        n = self._record(sender, *a)
+        n["id"] = n["replaces"] or self.next_id
+        self.next_id = max(self.next_id, n["id"] + 1)
+        return GLib.Variant("(u)", (n["id"],))
+
+    def CloseNotification(self, sender, nid):
+        self.closed.append(nid)
+        self.bus.emit(self.PATH, self.NAME, "NotificationClosed", "(uu)", nid, 3)
+
+    # for tests
+    def wait(self, count=1, timeout=5, **match):
+        """Wait until `count` notifications match; values are equal or, as compiled patterns, found."""
+        ok = lambda n: all(v.search(n[k]) if hasattr(v, "search") else n[k] == v for k, v in match.items())
+        return wait_for(lambda: f"{count} notification(s) {match}; had {[n['summary'] for n in self.all]}",
+                        lambda: (lambda m: m[:] if len(m) >= count else None)([n for n in self.all if ok(n)]), timeout)
+
+    def invoke(self, nid, action="default"):
+        """The user clicks the notification (or one of its buttons); mode "record" only."""
+        self.bus.emit(self.PATH, self.NAME, "ActivationToken", "(us)", nid, "test-token")
+        self.bus.emit(self.PATH, self.NAME, "ActionInvoked", "(us)", nid, action)
+
+    def dismiss(self, nid, reason=2):
+        """reason 1 = expired, 2 = dismissed by the user; mode "record" only."""
+        self.bus.emit(self.PATH, self.NAME, "NotificationClosed", "(uu)", nid, reason)
+
+    def stop(self):
+        """The daemon goes away (as when it crashes)."""
+        if self.mode == "dunst":
+            self.proc.terminate(); self.proc.wait()
+        if self.bus:
+            self.bus.close(); self.bus = None
+
+
+# ------------------------------------------------------------------------------------------- tray
+
+class Tray:
+    """StatusNotifierWatcher and host, without a visible panel. `where` is the point on the screen at
+    which the icon is taken to be: the pointer is moved there before each click."""
+    XML = """<node><interface name='org.kde.StatusNotifierWatcher'>
+      <method name='RegisterStatusNotifierItem'><arg direction='in' type='s'/></method>
+      <method name='RegisterStatusNotifierHost'><arg direction='in' type='s'/></method>
+      <property name='RegisteredStatusNotifierItems' type='as' access='read'/>
+      <property name='IsStatusNotifierHostRegistered' type='b' access='read'/>
+      <property name='ProtocolVersion' type='i' access='read'/>
+      <signal name='StatusNotifierItemRegistered'><arg type='s'/></signal>
+      <signal name='StatusNotifierItemUnregistered'><arg type='s'/></signal>
+      <signal name='StatusNotifierHostRegistered'/></interface></node>"""
+    NAME, PATH, ITEM = "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", "org.kde.StatusNotifierItem"
+
+    def __init__(self, session):
+        self.s, self._items, self.bus = session, [], None
+        self.where = (session.size[0] - 24, session.size[1] - 12)
+        self.start()
+
+    def start(self):
+        self._items = []
+        self.bus = Bus(self.s.bus_address)
+        self.bus.export(self.PATH, self.XML, self, self._prop)
+        self.bus.c.signal_subscribe("org.freedesktop.DBus", "org.freedesktop.DBus", "NameOwnerChanged", None, None, 0, self._owner)
+        self.bus.own(self.NAME)
+        self.bus.emit(self.PATH, self.NAME, "StatusNotifierHostRegistered", "()")
+
+    def stop(self):
+        """The panel goes away (as when it crashes or is restarted)."""
+        if self.bus:
+            self.bus.close(); self.bus = None
+
+    def _prop(self, name):
+        return {"RegisteredStatusNotifierItems": lambda: GLib.Variant("as", [a + b for a, b, c in self._items]),
+                "IsStatusNotifierHostRegistered": lambda: GLib.Variant("b", True),
+                "ProtocolVersion": lambda: GLib.Variant("i", 0)}[name]()
+
+    def RegisterStatusNotifierItem(self, sender, service):
+        item = (sender, service, sender) if service.startswith("/") else (service, "/StatusNotifierItem", sender)
+        if item not in self._items:
+            self._items.append(item)
+        self.bus.emit(self.PATH, self.NAME, "StatusNotifierItemRegistered", "(s)", item[0] + item[1])
+
+    def RegisterStatusNotifierHost(self, sender, service):
+        pass
+
+    def _owner(self, c, sender, path, iface, sig, params):
+        name, old, new = params.unpack()
+        if not new:
+            self._items = [i for i in self._items if name not in (i[0], i[2])]
+
+    # for tests
+    def items(self):
+        return [TrayItem(self, a, b) for a, b, c in list(self._items)]
+
+    def wait(self, timeout=5):
+        return wait_for("a tray icon", self.items, timeout)[0]
+
+
+class TrayItem:
+    def __init__(self, tray, service, path):
+        self.tray, self.s, self.service, self.path = tray, tray.s, service, path
+
+    def props(self):
+        return self.s.bus.get_all(self.service, self.path, Tray.ITEM)
+
+    def __getattr__(self, name):     # .title .status .icon_name .menu_path ...
+        if name.startswith("_"):
+            raise AttributeError(name)
+        return self.s.bus.get(self.service, self.path, Tray.ITEM, "".join(w.capitalize() for w in name.split("_")))
+
+    @property
+    def tooltip(self):
+        t = self.s.bus.get(self.service, self.path, Tray.ITEM, "ToolTip")
+        return (t[2] + ("\n" + t[3] if t[3] else ""))
+
+    def save_icon(self, path):
+        """The largest picture of the icon as PNG; returns its size, or None if the program gives only a name."""
+        pics = self.s.bus.get(self.service, self.path, Tray.ITEM, "IconPixmap")
+        if not pics:
+            return None
+        w, h, data = max(pics, key=lambda p: p[0])
+        data = bytes(data)
+        rows = b"".join(b"\0" + b"".join(data[i + 1:i + 4] + data[i:i + 1] for i in range(y * w * 4, (y + 1) * w * 4, 4)) for y in range(h))
+        chunk = lambda t, d: struct.pack(">I", len(d)) + t + d + struct.pack(">I", zlib.crc32(t + d))
+        with open(path, "wb") as f:
+            f.write(b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", w, h, 8, 6, 0, 0, 0)) + chunk(b"IDAT", zlib.compress(rows)) + chunk(b"IEND", b""))
+        return w, h
+
+    def _click(self, method):
+        x, y = self.tray.where
+        self.s.move(x, y)
+        self.s.bus.call(self.service, self.path, Tray.ITEM, method, "(ii)", x, y)
+
+    def click(self):
+        self._click("Activate")
+
+    def middle_click(self):
+        self._click("SecondaryActivate")
+
+    def right_click(self):
+        """What a host does if the item has no menu of its own; else it shows menu()."""
+        self._click("ContextMenu")
+
+    def scroll(self, delta):
+        self.s.bus.call(self.service, self.path, Tray.ITEM, "Scroll", "(is)", delta, "vertical")
+
+    def menu(self):
+        """[(id, label, properties), ...] of the context menu, flattened; separators have label None."""
+        path = self.s.bus.get(self.service, self.path, Tray.ITEM, "Menu")
+        try:
+            self.s.bus.call(self.service, path, "com.canonical.dbusmenu", "AboutToShow", "(i)", 0)
+        except GLib.Error:
+            pass
+        _, root = self.s.bus.call(self.service, path, "com.canonical.dbusmenu", "GetLayout", "(iias)", 0, -1, [])
+        out = []
+
+        def walk(node):
+            nid, props, kids = node
+            if nid:
+                out.append((nid, None if props.get("type") == "separator" else props.get("label", "").replace("_", ""), props))
+            for k in kids:
+                walk(k)
+        walk(root)
+        return out
+
+    def menu_click(self, label):
+        nid = next(i for i, l, p in self.menu() if l == label)
+        path = self.s.bus.get(self.service, self.path, Tray.ITEM, "Menu")
+        self.s.bus.call(self.service, path, "com.canonical.dbusmenu", "Event", "(isvu)", nid, "clicked", GLib.Variant("i", 0), 0)
+
+
+# ------------------------------------------------------------------------------------------ logind
+
+class Logind:
+    """Enough of org.freedesktop.login1 on the private system bus for programs that watch for sleep."""
+    XML = """<node><interface name='org.freedesktop.login1.Manager'>
+      <method name='Inhibit'><arg direction='in' type='s'/><arg direction='in' type='s'/><arg direction='in' type='s'/><arg direction='in' type='s'/><arg direction='out' type='h'/></method>
+      <signal name='PrepareForSleep'><arg type='b'/></signal><signal name='PrepareForShutdown'><arg type='b'/></signal></interface></node>"""
+    NAME, PATH, IFACE = "org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager"
+
+    def __init__(self, address):
+        self.inhibitors = []
+        self.bus = Bus(address)
+        info = Gio.DBusNodeInfo.new_for_xml(self.XML).interfaces[0]
+        self.bus.c.register_object(self.PATH, info, self._call, None, None)
+        self.bus.own(self.NAME)
+
+    def _call(self, conn, sender, path, iface, method, params, inv):
+        self.inhibitors.append(params.unpack())
+        r, w = os.pipe()
+        fds = Gio.UnixFDList.new(); fds.append(w); os.close(w)
+        inv.return_value_with_unix_fd_list(GLib.Variant("(h)", (0,)), fds)
+
+    def prepare_for_sleep(self, entering):
+        self.bus.emit(self.PATH, self.IFACE, "PrepareForSleep", "(b)", entering)
+
+
+# ------------------------------------------------------------------------------------------- clock
+
+class Clock:
+    """The wall clock that programs started in the session see: real time plus an offset kept in a file, by libfaketime;
+    only in a session that was given clock=. CLOCK_MONOTONIC (QTimer, animations) stays real, as on a machine whose clock
+    is set or which was suspended. A program that sleeps on timerfd(CLOCK_REALTIME) is started with the right duration,
+    but unlike under a real kernel a later jump does not wake it (nor give ECANCELED)."""
+
+    def __init__(self, root, start=None, tz="UTC"):
+        self.file, self.tz, self.offset, self.used = root + "/clock", tz, 0, start is not None
+        self._write()
+        if start is not None:
+            self.set(start)
+
+    def _write(self):
+        if self.offset and not self.used:
+            raise Failure("give the session clock=... to be able to move its clock")
+        with open(self.file + ".new", "w") as f:
+            f.write(f"{self.offset:+d}\n")
+        os.rename(self.file + ".new", self.file)
+
+    def now(self):
+        return time.time() + self.offset
+
+    def set(self, when):
+        """when: seconds since the epoch, or "YYYY-MM-DD HH:MM:SS" in the session's time zone."""
+        if isinstance(when, str):
+            when = float(subprocess.check_output(["date", "-d", when, "+%s.%N"], env={**os.environ, "TZ": self.tz}))
+        self.offset = round(when - time.time())     # whole seconds: a decimal point would be read by the locale's rules
+        self._write()
+
+    def jump(self, seconds):
+        self.offset += round(seconds)
+        self._write()
+
+    def env(self):
+        if not self.used:
+            return {}
+        return {"LD_PRELOAD": FAKETIME_LIB, "FAKETIME_TIMESTAMP_FILE": self.file, "FAKETIME_NO_CACHE": "1",
+                "FAKETIME_DONT_FAKE_MONOTONIC": "1", "NO_FAKE_STAT": "1"}
+
+
+# ------------------------------------------------------------------------------------ accessibility
+
+STATES = """invalid active armed busy checked collapsed defunct editable enabled expandable expanded focusable focused
+has-tooltip horizontal iconified modal multi-line multiselectable opaque pressed resizable selectable selected sensitive
+showing single-line stale transient vertical visible manages-descendants indeterminate required truncated animated
+invalid-entry supports-autocompletion selectable-text is-default visited checkable has-popup read-only""".split()
+A = "org.a11y.atspi."
+
+
+class Element:
+    """One object of the accessibility tree."""
+
+    def __init__(self, app, name, path):
+        self.app, self.s, self.ref = app, app.s, (name, path)
+
+    def _get(self, iface, prop):
+        return self.s.a11y.get(*self.ref, A + iface, prop)
+
+    def _call(self, iface, method, sig=None, *args):
+        return self.s.a11y.call(*self.ref, A + iface, method, sig, *args)
+
+    def __eq__(self, o):
+        return isinstance(o, Element) and self.ref == o.ref
+
+    def __hash__(self):
+        return hash(self.ref)
+
+    def __repr__(self):
+        try:
+            return f"<{self.role} {self.name!r} {self.rect}>"
+        except GLib.Error:
+            return f"<gone {self.ref[1]}>"
+
+    name = property(lambda self: self._get("Accessible", "Name"))
+    description = property(lambda self: self._get("Accessible", "Description"))
+    role = property(lambda self: self._call("Accessible", "GetRoleName"))
+    interfaces = property(lambda self: [i[len(A):] for i in self._call("Accessible", "GetInterfaces")])
+    attributes = property(lambda self: self._call("Accessible", "GetAttributes"))
+
+    @property
+    def states(self):
+        lo, hi = self._call("Accessible", "GetState")
+        bits = lo | hi << 32
+        return {n for i, n in enumerate(STATES) if bits >> i & 1}
+
+    @property
+    def parent(self):
+        p = self._get("Accessible", "Parent")
+        return Element(self.app, *p)
+
+    @property
+    def children(self):
+        self.app.alive()
+        return [Element(self.app, *c) for c in self._call("Accessible", "GetChildren")]
+
+    @property
+    def relations(self):
+        return {k: [Element(self.app, *t) for t in v] for k, v in self._call("Accessible", "GetRelationSet")}
+
+    @property
+    def rect(self):
+        """x, y, width, height on the screen."""
+        return tuple(self._call("Component", "GetExtents", "(u)", 0))
+
+    @property
+    def text(self):
+        """What is written in it: the content of a field, else its name. (Qt 6.4 gives labels a Text interface that
+        is always empty, so their name counts.)"""
+        if self.role in ("text", "password text", "spin box", "entry"):
+            try:
+                return self._call("Text", "GetText", "(ii)", 0, -1)
+            except GLib.Error:
+                pass
+        return self.name
+
+    @property
+    def value(self):
+        return self._get("Value", "CurrentValue")
+
+    @property
+    def actions(self):
+        return [a[0] for a in self._call("Action", "GetActions")]
+
+    def has(self, state):
+        return state in self.states
+
+    # -- acting as a person with mouse and keyboard
+    def center(self):
+        x, y, w, h = self.rect
+        sw, sh = self.s.size
+        if w <= 0 or h <= 0 or not (0 <= x + w // 2 < sw and 0 <= y + h // 2 < sh):
+            raise Failure(f"{self!r} is not on the screen")
+        return x + w // 2, y + h // 2
+
+    def click(self, button=1, times=1, at=None):
+        """at: (dx, dy) from the top left corner, else the centre. Fails if that point is scrolled out of sight or
+        covered by another accessible element. (What has no accessible element, like the dimmed area around a modal
+        sheet, covers unnoticed: then the click goes there, as a person's would.)"""
+        x, y = self.center() if at is None else (self.rect[0] + at[0], self.rect[1] + at[1])
+        self._check_hit(x, y)
+        self.s.click(x, y, button, times)
+        return self
+
+    def _up(self):
+        """This element, its parent, ... up to the window."""
+        e = self
+        while e.ref[1] != "/org/a11y/atspi/null" and e.ref != self.app.ref:
+            yield e
+            e = e.parent
+
+    def _check_hit(self, x, y):
+        try:
+            mine = list(self._up())
+            if len(mine) < 2:             # a window itself: any point of it will do
+                return
+            hit = Element(self.app, *mine[-1]._call("Component", "GetAccessibleAtPoint", "(iiu)", x, y, 0))
+        except GLib.Error:
+            return
+        if hit.ref[1] == "/org/a11y/atspi/null":
+            raise Failure(f"{self!r} cannot be seen at {x},{y} (scrolled out of sight?)")
+        if hit not in mine and self not in hit._up():
+            raise Failure(f"{self!r} is covered at {x},{y} by {hit!r}")
+
+    def scroll_to(self, role=None, name=None, text=None):
+        """Of a list: turn the wheel over it until the wanted element is fully in sight: down, and from the end up.
+        (Lists keep some rows beyond both edges in the tree, so the way is known before the element can be seen.)"""
+        for way in (1, -1):              # one notch at a time: Qt Quick speeds up over several and would run past
+            last, nudges = None, 0
+            while True:
+                now = self._still()
+                x, y, w, h = self.rect
+                r = [(e, e.rect) for e in self.find_all(role, name, text)][:1]
+                if r and (nudges > 30 or y <= r[0][1][1] and r[0][1][1] + r[0][1][3] <= y + h):
+                    return r[0][0]
+                if now == last:
+                    break
+                last, nudges = now, nudges + len(r)
+                self.scroll((1 if r[0][1][1] > y else -1) if r else way)
+        raise Failure(f"{role} {name or text!r} is nowhere in {self!r}")
+
+    def _still(self):
+        """Wait until what is below stops moving; returns where its first and last child are."""
+        seen = [1, 2]
+
+        def look():
+            c = self.children
+            seen.append([(e.ref, e.rect) for e in c[:1] + c[-1:]])
+            return seen[-1] == seen[-2] == seen[-3]
+        wait_for("an end of the movement", look, 5, 0.06)
+        return seen[-1]
+
+    def hover(self):
+        self.s.move(*self.center())
+        return self
+
+    def fill(self, text):
+        """Click into the field, select what is there, type over it."""
+        self.click()
+        wait_for(f"focus in {self!r}", lambda: self.has("focused"))
+        self.s.key("ctrl+a")
+        self.s.key("Delete")
+        self.s.type(text)
+        return self
+
+    def scroll(self, clicks):
+        """Wheel over it; > 0 is down."""
+        self.s.move(*self.center())
+        self.s.xdotool("click", "--repeat", str(abs(clicks)), "--delay", "30", "5" if clicks > 0 else "4")
+        return self
+
+    # -- acting as a screen reader
+    def do(self, action=None):
+        """Run an action of the element ("Press", "Toggle", "SetFocus", "ShowMenu", ...), else its first one."""
+        names = self.actions
+        if not names or (action and action not in names):
+            raise Failure(f"{self!r} has no action {action}, only {names}")
+        self._call("Action", "DoAction", "(i)", names.index(action) if action else 0)
+        return self
+
+    def set_text(self, text):
+        if not self._call("EditableText", "SetTextContents", "(s)", text):
+            raise Failure(f"{self!r} refused text")
+        return self
+
+    def set_value(self, v):
+        self.s.a11y.call(*self.ref, "org.freedesktop.DBus.Properties", "Set", "(ssv)", A + "Value", "CurrentValue", GLib.Variant("d", float(v)))
+        return self
+
+    # -- looking
+    def walk(self, hidden=False, _depth=0):
+        """Every element below this one with its depth, in order; hidden ones (and what is in them) only on demand."""
+        for c in self.children:
+            try:
+                if not hidden and not {"showing", "visible"} <= c.states:
+                    continue
+                yield _depth, c
+                yield from c.walk(hidden, _depth + 1)
+            except GLib.Error:           # went away while we were looking
+                continue
+
+    def find_all(self, role=None, name=None, text=None, hidden=False, where=None):
+        """role: as in tree(); name, text: exact string or compiled pattern."""
+        same = lambda want, got: bool(want.search(got)) if hasattr(want, "search") else want == got
+        out = []
+        for _, e in self.walk(hidden):
+            try:
+                if (role is None or e.role == role) and (name is None or same(name, e.name)) and \
+                        (text is None or same(text, e.text)) and (where is None or where(e)):
+                    out.append(e)
+            except GLib.Error:
+                continue
+        return out
+
+    def find(self, role=None, name=None, text=None, timeout=5, **kw):
+        found = []
+
+        def look():
+            found[:] = self.find_all(role, name, text, **kw)
+            return found
+        return wait_for(lambda: f"{role or 'element'} {name or text or ''!r} in:\n" + self.tree(), look, timeout, 0.1)[0]
+
+    def gone(self, role=None, name=None, text=None, timeout=5, **kw):
+        wait_for(f"{role} {name or text!r} to go away", lambda: not self.find_all(role, name, text, **kw), timeout, 0.1)
+
+    def texts(self, hidden=False):
+        """Everything that can be read on it, in order."""
+        out = []
+        for _, e in self.walk(hidden):
+            try:
+                t = e.text
+            except GLib.Error:
+                continue
+            if t:
+                out.append(t)
+        return out
+
+    def wait_text(self, want, timeout=5):
+        """Wait until some element's text equals want (or is matched by the compiled pattern); returns the text."""
+        ok = (lambda t: want.search(t)) if hasattr(want, "search") else (lambda t: t == want)
+        return wait_for(lambda: f"text {want!r}; had {self.texts()}", lambda: [t for t in self.texts() if ok(t)], timeout, 0.1)[0]
+
+    def tree(self, hidden=False):
+        lines = []
+        for d, e in self.walk(hidden):
+            try:
+                st = e.states
+                note = [x for x in ("focused", "checked", "selected", "expanded", "modal", "active", "read-only") if x in st]
+                note += [] if "sensitive" in st else ["disabled"]
+                note += [] if {"showing", "visible"} <= st else ["hidden"]
+                t = e.text
+                lines.append("  " * d + f"{e.role} {e.name!r}" + (f" text={t!r}" if t != e.name else "") + (" " + ",".join(note) if note else ""))
+            except GLib.Error:
+                continue
+        return "\n".join(lines)
+
+
+# ------------------------------------------------------------------------------------------ program
+
+class App(Element):
+    """A started program; as an Element it is the root of its accessibility tree (its children are its windows)."""
+
+    def __init__(self, session, argv, env):
+        self.s, self.argv = session, argv
+        self.proc = session.spawn(os.path.basename(argv[0]), argv, env)
+        self.pid, self.log_file = self.proc.pid, self.proc.log_file
+        self._ref = None
+
+    app = property(lambda self: self)
+
+    @property
+    def ref(self):
+        if not self._ref:
+            self._ref = wait_for(lambda: f"{self.argv[0]} on the accessibility bus; log:\n{self.log()}", self._find_ref, 15)
+        return self._ref
+
+    def alive(self):
+        if self.proc.poll() is not None:
+            raise Ended(f"{self.argv[0]} ended with {self.proc.poll()}; log:\n{self.log()[-2000:]}")
+
+    def _find_ref(self):
+        self.alive()
+        reg = self.s.a11y.call("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root", A + "Accessible", "GetChildren")
+        for name, path in reg:
+            try:
+                if self.s.a11y.pid_of(name) == self.pid:
+                    return name, path
+            except GLib.Error:
+                continue
+
+    def log(self):
+        with open(self.log_file, errors="replace") as f:
+            return f.read()
+
+    def wait_window(self, title, timeout=10):
+        """Wait until the window is there, has the keyboard, and has stopped moving (the window manager places it late)."""
+        w = self.find(name=title, where=lambda e: e.role in ("frame", "window", "dialog"), timeout=timeout)
+        wait_for(f"window {title!r} to become active", lambda: "active" in w.states, timeout)
+        seen = []
+
+        def still():
+            seen.append((w.rect, self.windows()))
+            return len(seen) > 3 and seen[-1] == seen[-2] == seen[-3] and seen[-1][1]
+        wait_for(f"window {title!r} to settle", still, timeout, 0.1)
+        return w
+
+    def choose_file(self, path, title=None, timeout=5):
+        """Pick a file in the file dialog that is open: Qt Quick's own, or the Widgets one (both take a typed path)."""
+        d = self.find("dialog", title, timeout=timeout, where=lambda e: e.find_all(name=re.compile("Open|Save|Choose|Cancel")))
+        time.sleep(0.4)
+        if not d.find_all("tree", "Files"):      # Qt Quick's: ctrl+L turns the row of folders into a field
+            self.s.key("ctrl+l")
+            time.sleep(0.3)
+        self.s.key("ctrl+a")
+        self.s.type(os.fspath(path))
+        self.s.key("Return")
+        wait_for("the file dialog to close", lambda: d not in self.find_all("dialog"), timeout)
+
+    def focused(self):
+        """The innermost element that has the keyboard focus, or None."""
+        f = self.find_all(where=lambda e: e.has("focused"))
+        return f[-1] if f else None
+
+    def tab_order(self, limit=200, key="Tab"):
+        """Press Tab until the focus comes round; returns [(role, name), ...] of the stops."""
+        stops, start = [], None
+        for _ in range(limit):
+            self.s.key(key)
+            time.sleep(0.05)
+            f = self.focused()
+            if f is not None and f == start:
+                break
+            start = start or f
+            stops.append((f.role, f.name) if f else None)
+        return stops
+
+    def windows(self):
+        """{X window id: (title, x, y, w, h)} of what the program has on the screen."""
+        return self.s.windows(self.pid)
+
+    # -- life and death
+    def running(self):
+        return self.proc.poll() is None
+
+    def wait(self, timeout=10):
+        """Exit code (negative: the signal that ended it)."""
+        try:
+            return self.proc.wait(timeout)
+        except subprocess.TimeoutExpired:
+            raise Failure(f"{self.argv[0]} still runs after {timeout} s") from None
+
+    def terminate(self, timeout=10):
+        self.proc.send_signal(signal.SIGTERM)
+        return self.wait(timeout)
+
+    def kill(self):
+        self.proc.send_signal(signal.SIGKILL)
+        return self.wait()
+
+    def suspend(self, seconds, announce=True):
+        """The machine sleeps for `seconds`: announced by logind, frozen, wall clock further on, awake again."""
+        if announce:
+            self.s.logind.prepare_for_sleep(True)
+            time.sleep(0.3)
+        os.kill(self.pid, signal.SIGSTOP)
+        time.sleep(0.2)
+        self.s.clock.jump(seconds)
+        os.kill(self.pid, signal.SIGCONT)
+        if announce:
+            self.s.logind.prepare_for_sleep(False)
+
+    def cpu_seconds(self):
+        with open(f"/proc/{self.pid}/stat") as f:
+            p = f.read().rsplit(")", 1)[1].split()
+        return (int(p[11]) + int(p[12])) / os.sysconf("SC_CLK_TCK")
+
+    def rss_mib(self):
+        with open(f"/proc/{self.pid}/status") as f:
+            return int(re.search(r"VmRSS:\s+(\d+)", f.read()).group(1)) / 1024
+
+
+# ------------------------------------------------------------------------------------------ session
+
+class Session:
+    """tray: "sni" (own StatusNotifier host without a visible panel, see Tray), "panel" (a real panel, lxqt-panel, with
+    the icon on it), "trayer" (only the old XEmbed protocol), "none".   notifications: "record", "dunst", "none".
+    size: of the screen. keyboard: arguments for setxkbmap, e.g. "de". env: for every program started with start().
+    root: directory to work in, which is then kept (also with keep=True); it has log/, home/, data/, config/, ...
+    prepare: called with the session once its directories exist and nothing runs yet, to put files there.
+    lang, language: LANG and LANGUAGE (Qt reads them itself, no generated locale is needed)."""
+
+    def __init__(self, lang="C.UTF-8", language=None, tz="UTC", clock=None, size=(1280, 900), tray="sni", notifications="record",
+                 capabilities=("actions", "body", "body-markup", "persistence", "icon-static"), keyboard=None, a11y=True, wm=True,
+                 env=None, root=None, keep=False, prepare=None):
+        self.size, self.keep, self.procs = size, keep or root is not None, []
+        self.root = root or tempfile.mkdtemp(prefix="session-")
+        self.opts = dict(lang=lang, language=language, tz=tz, clock=clock, tray=tray, notifications=notifications,
+                         capabilities=list(capabilities), keyboard=keyboard, a11y=a11y, wm=wm, env=env or {}, prepare=prepare)
+        self.home, self._typed, self._spare = self.root + "/home", {}, []
+        self.tray = self.notifications = self.logind = self.a11y = self.bus = None
+
+    def __enter__(self):
+        try:
+            self._up()
+        except BaseException:
+            self.stop()
+            raise
+        return self
+
+    def __exit__(self, *a):
+        self.stop()
+
+    def _up(self):
+        o, r = self.opts, self.root
+        dirs = dict(HOME=self.home, XDG_CONFIG_HOME=r + "/config", XDG_DATA_HOME=r + "/data", XDG_CACHE_HOME=r + "/cache",
+                    XDG_STATE_HOME=r + "/state", XDG_RUNTIME_DIR=r + "/run", TMPDIR=r + "/tmp")
+        for d in list(dirs.values()) + [r + "/log", r + "/bin"]:
+            os.makedirs(d, mode=0o700, exist_ok=True)
+        # a browser or file manager "opens" by writing down what it was given
+        self.opened_file = r + "/opened"
+        with open(r + "/bin/xdg-open", "w") as f:
+            f.write(f'#!/bin/sh\nprintf "%s\\n" "$@" >> "{self.opened_file}"\n')
+        os.chmod(r + "/bin/xdg-open", 0o755)
+        self.env = {k: v for k, v in os.environ.items() if k in ("USER", "LOGNAME", "SHELL")}
+        self.env.update(dirs, PATH=f"{r}/bin:/usr/local/bin:/usr/bin:/bin:/usr/sbin:/sbin", LANG=o["lang"], TZ=o["tz"], GSETTINGS_BACKEND="memory",
+                        XDG_SESSION_TYPE="x11", LIBGL_ALWAYS_SOFTWARE="1", **{MARK: r})
+        if o["language"]:
+            self.env["LANGUAGE"] = o["language"]
+        self.clock = Clock(r, o["clock"], o["tz"])
+        if o["prepare"]:
+            o["prepare"](self)
+        self._loop()
+        # X server: it picks a free number itself
+        rd, wr = os.pipe()
+        self.spawn("Xvfb", ["Xvfb", "-displayfd", str(wr), "-screen", "0", f"{self.size[0]}x{self.size[1]}x24", "-nolisten", "tcp", "-noreset"], pass_fds=[wr])
+        os.close(wr)
+        with os.fdopen(rd) as f:
+            n = f.readline().strip()
+        if not n:
+            raise Failure("Xvfb did not start: " + open(r + "/log/Xvfb.log").read())
+        self.env["DISPLAY"] = ":" + n
+        # session and system bus: own configuration, so that nothing installed on the machine can be activated
+        self.bus_address, self.system_address = f"unix:path={r}/run/bus", f"unix:path={r}/run/system_bus"
+        for name, addr in (("session", self.bus_address), ("system", self.system_address)):
+            with open(f"{r}/{name}.conf", "w") as f:
+                f.write(f"<busconfig><type>session</type><listen>{addr}</listen><policy context='default'><allow send_destination='*' eavesdrop='true'/>"
+                        "<allow eavesdrop='true'/><allow own='*'/></policy></busconfig>")
+            self.spawn("dbus-" + name, ["dbus-daemon", "--nofork", f"--config-file={r}/{name}.conf"])
+            wait_for(f"the {name} bus", lambda: os.path.exists(addr[len("unix:path="):]))
+        self.env.update(DBUS_SESSION_BUS_ADDRESS=self.bus_address, DBUS_SYSTEM_BUS_ADDRESS=self.system_address)
+        self.bus = wait_for("the session bus", lambda: Bus(self.bus_address))
+        self.logind = wait_for("the system bus", lambda: Logind(self.system_address))
+        # accessibility bus; --a11y=1 sets org.a11y.Status.IsEnabled, the switch that toolkits look at
+        if o["a11y"]:
+            self.spawn("at-spi", ["/usr/libexec/at-spi-bus-launcher", "--launch-immediately", "--a11y=1"])
+            addr = wait_for("the accessibility bus", lambda: self.bus.call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress"))
+            self.a11y = wait_for("the accessibility bus", lambda: Bus(addr))
+            self.spawn("at-spi-registry", ["/usr/libexec/at-spi2-registryd"], {"AT_SPI_BUS_ADDRESS": addr, "DBUS_SESSION_BUS_ADDRESS": self.bus_address})
+            wait_for("the accessibility registry", lambda: self.a11y.has_owner("org.a11y.atspi.Registry"))
+        if o["wm"]:
+            self.spawn("openbox", ["openbox", "--sm-disable"])
+            wait_for("the window manager", lambda: b"window id" in subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], env=self.env, capture_output=True).stdout)
+        if o["keyboard"]:
+            subprocess.run(["setxkbmap"] + o["keyboard"].split(), env=self.env, check=True)
+        self.notifications = Notifications(self, o["notifications"], o["capabilities"])
+        if o["tray"] == "sni":
+            self.tray = Tray(self)
+        elif o["tray"] == "panel":
+            os.makedirs(r + "/config/lxqt", exist_ok=True)
+            with open(r + "/config/lxqt/panel.conf", "w") as f:
+                f.write("panels=panel1\n[panel1]\nplugins=mainmenu,statusnotifier,tray\nposition=Bottom\nbackground-color=#dddddd\nwidth=100\n"
+                        "[mainmenu]\ntype=mainmenu\n[statusnotifier]\nalignment=Right\ntype=statusnotifier\n[tray]\ntype=tray\n")
+            self.panel = App(self, ["lxqt-panel"], {})
+            wait_for("the panel's tray", lambda: self.bus.get(Tray.NAME, Tray.PATH, Tray.NAME, "IsStatusNotifierHostRegistered"), 15)
+        elif o["tray"] == "trayer":
+            self.panel = App(self, "trayer --edge bottom --align right --widthtype request --SetDockType true".split(), {})
+            wait_for("trayer", lambda: [w for w in self.windows().values() if w[0] == "panel"])
+            time.sleep(0.5)
+
+    def _loop(self):
+        """One GLib loop for the whole process serves what sessions export on D-Bus."""
+        if not getattr(Session, "_thread", None):
+            Session._thread = threading.Thread(target=GLib.MainLoop().run, daemon=True)
+            Session._thread.start()
+
+    # -- processes
+    def spawn(self, name, argv, env=None, pass_fds=()):
+        n, path = 1, f"{self.root}/log/{name}.log"
+        while os.path.exists(path):
+            n += 1
+            path = f"{self.root}/log/{name}-{n}.log"
+        with open(path, "wb") as log:
+            # setpriv: if the test itself is killed, the kernel ends what it started (it keeps the process id)
+            p = subprocess.Popen(["setpriv", "--pdeathsig", "KILL", "--", *argv], env={**self.env, **(env or {})}, stdin=subprocess.DEVNULL, stdout=log, stderr=subprocess.STDOUT,
+                                 pass_fds=pass_fds, start_new_session=True, cwd=self.home)
+        p.log_file = path
+        self.procs.append(p)
+        return p
+
+    def start(self, argv, clock=True, **env):
+        """Start the program under test (any number of times); env: extra environment."""
+        argv = [str(a) for a in argv]
+        if "/" in argv[0]:
+            argv[0] = os.path.abspath(argv[0])
+        return App(self, argv, {**(self.clock.env() if clock else {}), **self.opts["env"], **env})
+
+    def stop(self):
+        for part in (self.tray, self.notifications):
+            if part:
+                part.stop()
+        for p in reversed(self.procs):
+            if p.poll() is None:
+                p.terminate()
+        for p in reversed(self.procs):
+            try:
+                p.wait(3)
+            except subprocess.TimeoutExpired:
+                p.kill(); p.wait()
+        for pid in self._left_over():        # grandchildren: known by the mark in their environment
+            try:
+                os.kill(pid, signal.SIGKILL)
+            except ProcessLookupError:
+                pass
+        for p in self.procs:                 # libfaketime leaves these behind when a program is killed
+            for f in (f"/dev/shm/faketime_shm_{p.pid}", f"/dev/shm/sem.faketime_sem_{p.pid}"):
+                if os.path.exists(f):
+                    os.unlink(f)
+        self.procs = []
+        if not self.keep:
+            shutil.rmtree(self.root, ignore_errors=True)
+
+    def _left_over(self):
+        mark = f"{MARK}={self.root}".encode()
+        for d in os.listdir("/proc"):
+            if d.isdigit():
+                try:
+                    with open(f"/proc/{d}/environ", "rb") as f:
+                        if mark in f.read().split(b"\0"):
+                            yield int(d)
+                except OSError:
+                    pass
+
+    # -- mouse, keyboard, screen
+    def xdotool(self, *args):
+        return subprocess.run(["xdotool", *map(str, args)], env=self.env, check=True, capture_output=True, text=True).stdout.strip()
+
+    def move(self, x, y):
+        self.xdotool("mousemove", "--sync" if (x, y) != self.pointer() else "--", x, y)
+
+    def pointer(self):
+        return tuple(int(v) for v in re.findall(r"[xy]:(-?\d+)", self.xdotool("getmouselocation"))[:2])
+
+    def click(self, x, y, button=1, times=1):
+        self.move(x, y)
+        self.xdotool("click", "--repeat", times, "--delay", 60, button)
+
+    def key(self, *keys):
+        """Key names of X, e.g. "Return", "ctrl+q", "shift+Tab"."""
+        for k in keys:
+            self.xdotool("key", "--clearmodifiers", k)
+            time.sleep(0.03)
+
+    def type(self, text, delay=12):
+        self._typable(text)
+        self.xdotool("type", "--clearmodifiers", "--delay", delay, "--", text)
+
+    def _typable(self, text):
+        """Give every character that the keyboard lacks a spare key first and for good. Left to itself xdotool maps one
+        for each stroke and takes it away at once, and programs that read the new map late lose the character."""
+        new = sorted({c for c in text if ord(c) > 126} - set(self._typed))
+        if not new:
+            return
+        if not self._spare:
+            out = subprocess.run(["xmodmap", "-pke"], env=self.env, capture_output=True, text=True, check=True).stdout
+            self._spare = [k for k, syms in re.findall(r"^keycode +(\d+) =(.*)$", out, re.M) if not syms.strip() or "XF86" in syms]
+        if len(new) > len(self._spare):
+            raise Failure("too many special characters at once for one keyboard; type in parts or paste()")
+        args = []
+        for c in new:                          # the spare key that was given out longest ago, unless this text needs it
+            k = next(k for k in self._spare if not any(self._typed.get(o) == k for o in text))
+            self._spare.remove(k); self._spare.append(k)
+            self._typed = {o: v for o, v in self._typed.items() if v != k} | {c: k}
+            args += ["-e", f"keycode {k} = U{ord(c):04X} U{ord(c):04X}"]
+        subprocess.run(["xmodmap", *args], env=self.env, check=True)
+        time.sleep(0.3)
+
+    def paste(self, text):
+        self.set_clipboard(text)
+        self.key("ctrl+v")
+
+    def windows(self, pid=None):
+        try:
+            ids = self.xdotool("search", "--onlyvisible", *(["--pid", pid] if pid else ["--name", ""])).split()
+        except subprocess.CalledProcessError:
+            return {}
+        out = {}
+        for i in ids:
+            try:
+                g = dict(l.split("=") for l in self.xdotool("getwindowgeometry", "--shell", i).split("\n"))
+                out[int(i)] = (self.xdotool("getwindowname", i), int(g["X"]), int(g["Y"]), int(g["WIDTH"]), int(g["HEIGHT"]))
+            except subprocess.CalledProcessError:
+                continue
+        return out
+
+    def active_window(self):
+        """Title of the window that has the keyboard."""
+        try:
+            return self.xdotool("getactivewindow", "getwindowname")
+        except subprocess.CalledProcessError:
+            return None
+
+    def close_window(self):
+        """The user's Alt+F4 (openbox asks the active window to close), until that window is gone: soon after its start
+        openbox misses a key now and then."""
+        window = int(self.xdotool("getactivewindow"))
+        for attempt in range(4):
+            self.key("alt+F4")
+            try:
+                return wait_for(f"window {window} to close", lambda: window not in self.windows(), 2)
+            except Failure:
+                if attempt == 3:
+                    raise
+
+    def screenshot(self, path, rect=None):
+        crop = ["-crop", "{2}x{3}+{0}+{1}".format(*rect), "+repage"] if rect else []
+        subprocess.run(["import", "-window", "root", *crop, path], env=self.env, check=True)
+        return path
+
+    def panel_icon(self, timeout=5):
+        """The place (x, y) of the first icon on the real panel, for click() and move(); tray="panel" or "trayer"."""
+        def look():
+            if self.opts["tray"] == "trayer":
+                w = [w for w in self.windows().values() if w[2] > self.size[1] - 40 and w[1] > 0 and w[0] not in ("", "panel")]
+                return w and (w[0][1] + w[0][3] // 2, w[0][2] + w[0][4] // 2)
+            b = [e for e in self.panel.find_all("push button") if e.rect[0] > self.size[0] // 2]
+            return b and b[0].center()
+        return wait_for("an icon on the panel", look, timeout)
+
+    # -- clipboard
+    def clipboard(self, target=None):
+        r = subprocess.run(["xclip", "-o", "-selection", "clipboard"] + (["-t", target] if target else []), env=self.env, capture_output=True, timeout=5)
+        return r.stdout.decode() if r.returncode == 0 else None
+
+    def set_clipboard(self, text):
+        p = subprocess.Popen(["xclip", "-i", "-selection", "clipboard"], env=self.env, stdin=subprocess.PIPE, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        p.communicate(text.encode())
+
+    # -- drag and drop: a real drag source window, and the mouse
+    def drop_files(self, files, to, steps=12, hold=None):
+        """Drag files from another program's window and drop them at to = (x, y). hold: called before the
+        button is let go (to look at the highlighted drop area). Returns what the source was told."""
+        w, h = 60, 60
+        at = (0, self.size[1] - h) if to[1] < self.size[1] // 2 else (0, 0)
+        src = self.spawn("drag-source", ["/usr/bin/python3", os.path.abspath(__file__), "--drag-source", f"{at[0]},{at[1]}", *files], {"NO_AT_BRIDGE": "1"})
+        log = lambda: open(src.log_file).read()
+        try:
+            wait_for("the drag source", lambda: "ready" in log(), 10)
+            time.sleep(0.2)
+            x0, y0 = at[0] + w // 2, at[1] + h // 2
+            self.move(x0, y0)
+            self.xdotool("mousedown", 1)
+            for i in range(1, steps + 1):
+                self.xdotool("mousemove", x0 + (to[0] - x0) * i // steps, y0 + (to[1] - y0) * i // steps)
+                time.sleep(0.04)
+            for d in (1, 0, 1, 0):                # a hand is never quite still, and targets answer to movement
+                self.xdotool("mousemove", to[0] + d, to[1])
+                time.sleep(0.05)
+            time.sleep(0.2)
+            if hold:
+                hold()
+            self.xdotool("mouseup", 1)
+            wait_for("the end of the drag", lambda: "end" in log(), 5)
+            return log()
+        finally:
+            src.terminate(); src.wait()
+
+    def opened(self):
+        """What was handed to xdg-open."""
+        try:
+            with open(self.opened_file) as f:
+                return f.read().split("\n")[:-1]
+        except FileNotFoundError:
+            return []
+
+
+def drag_source(pos, files):
+    gi.require_version("Gtk", "3.0"); gi.require_version("Gdk", "3.0")
+    from gi.repository import Gdk, Gtk
+    x, y = (int(v) for v in pos.split(","))
+    w = Gtk.Window(type=Gtk.WindowType.POPUP)            # not managed: stays where it is put, takes no focus
+    w.set_default_size(60, 60); w.move(x, y)
+    box = Gtk.EventBox(); box.add(Gtk.Label(label="FILES")); w.add(box)
+    uris = [f if "://" in f else GLib.filename_to_uri(os.path.abspath(f)) for f in files]
+    box.drag_source_set(Gdk.ModifierType.BUTTON1_MASK, [], Gdk.DragAction.COPY | Gdk.DragAction.MOVE | Gdk.DragAction.LINK)
+    box.drag_source_add_uri_targets()
+    say = lambda *a: print(*a, flush=True)
+    box.connect("drag-begin", lambda wd, c: say("begin"))
+    box.connect("drag-data-get", lambda wd, c, data, info, t: (data.set_uris(uris), say("asked")))
+    box.connect("drag-failed", lambda wd, c, r: say("failed", r.value_nick))
+    box.connect("drag-end", lambda wd, c: say("end", c.get_selected_action().value_nicks))
+    w.show_all()
+    GLib.timeout_add(100, lambda: say("ready"))
+    Gtk.main()
+
+
+if __name__ == "__main__":
+    if len(sys.argv) > 2 and sys.argv[1] == "--drag-source":
+        drag_source(sys.argv[2], sys.argv[3:])
+    elif len(sys.argv) > 1 and sys.argv[1] == "--apt":
+        print(" ".join(APT))
+    elif len(sys.argv) > 2 and sys.argv[1] == "--tree":
+        with Session() as s:
+            app = s.start(sys.argv[2:])
+            app.ref; time.sleep(2)
+            print(app.tree(hidden=True))
+    else:
+        print(__doc__ + "\ncommands:\n  session.py --apt            packages needed\n  session.py --tree PROGRAM…  what a screen reader sees of a program after 2 s")
