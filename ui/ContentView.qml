@@ -51,7 +51,8 @@ FocusScope {
         boundsBehavior: Flickable.StopAtBounds
         model: root.content.subscriptions
 
-        // What stands above the rows grows and shrinks; whoever looks at its beginning goes on doing so.
+        // What stands above the rows grows and shrinks; whoever looks at its beginning goes on doing
+        // so.
         property bool isAtTop: true
         onContentYChanged: isAtTop = contentY <= originY
         onOriginYChanged: {
@@ -70,7 +71,8 @@ FocusScope {
                 contentY = Math.max(originY, contentY - height);
                 break;
             case Qt.Key_PageDown:
-                contentY = Math.max(originY, Math.min(originY + contentHeight - height, contentY + height));
+                contentY = Math.max(originY, Math.min(originY + contentHeight - height,
+                                                      contentY + height));
                 break;
             case Qt.Key_Home:
                 positionViewAtBeginning();

@@ -32,6 +32,23 @@ def install_bytes(session, content):
         file.write(content)
 
 
+def picture(session, path):
+    """Leaves a picture of the screen once something is drawn on it and it stands still."""
+    def look():
+        before = None
+        if os.path.exists(path):
+            with open(path, "rb") as file:
+                before = file.read()
+        session.screenshot("PNG24:" + path)
+        with open(path, "rb") as file:
+            now = file.read()
+        return now == before and len(now) > 5000
+
+    if os.path.exists(path):
+        os.unlink(path)
+    wait_for(f"a drawn window for {path}", look, 10)
+
+
 class MainWindow:
     def __init__(self, app, language):
         """Waits until the window is there."""

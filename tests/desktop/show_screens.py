@@ -9,16 +9,10 @@ program writes stays in FOLDER.
 import os
 import sys
 
-from main_window import LOCALES, SAMPLE, MainWindow, install
+from main_window import LOCALES, SAMPLE, MainWindow, install, picture
 from session import Session
 
 LANGUAGES = {"en": "English", "zh": "Chinese"}
-
-
-def picture(desktop, pictures, name):
-    path = os.path.join(pictures, name + ".png")
-    desktop.screenshot(path)
-    print(f"  picture: {os.path.relpath(path)}")
 
 
 def print_list(window):
@@ -40,7 +34,9 @@ def show(program, pictures, folder, language, name, source):
                  wm=False, prepare=prepare, root=os.path.join(folder, name)) as desktop:
         app = desktop.start([program])
         window = MainWindow(app, language)
-        picture(desktop, pictures, name)
+        path = os.path.join(pictures, name + ".png")
+        picture(desktop, path)
+        print(f"  picture: {os.path.relpath(path)}")
         if source:
             print_list(window)
         else:

@@ -8,7 +8,8 @@ import os
 import sys
 import unittest
 
-from main_window import LOCALES, SAMPLE, TITLES, MainWindow, data_file, install, install_bytes
+from main_window import (LOCALES, SAMPLE, TITLES, MainWindow, data_file, install, install_bytes,
+                         picture)
 from session import Session
 
 PROGRAM = PICTURES = None
@@ -63,11 +64,6 @@ def session(language, prepare=None):
 class FirstWindow(unittest.TestCase):
     maxDiff = None
 
-    def picture(self, desktop, name):
-        path = os.path.join(PICTURES, name + ".png")
-        desktop.screenshot(path)
-        self.assertGreater(os.path.getsize(path), 5000)
-
     def end(self, desktop, app, language):
         """Closes the window as a user does; the program has then ended well and said nothing."""
         app.wait_window(TITLES[language])
@@ -82,7 +78,7 @@ class FirstWindow(unittest.TestCase):
                 window = MainWindow(app, language)
                 self.assertEqual(window.head(), HEADS[language])
                 self.assertEqual(window.upcoming(), UPCOMING[language])
-                self.picture(desktop, "first-window-" + language)
+                picture(desktop, os.path.join(PICTURES, "first-window-" + language + ".png"))
                 self.assertEqual(window.rows(), ROWS[language])
                 self.end(desktop, app, language)
                 with open(SAMPLE, "rb") as sample, open(data_file(desktop), "rb") as now:
@@ -97,7 +93,7 @@ class FirstWindow(unittest.TestCase):
             self.assertEqual(window.head(), EMPTY_HEADS["zh"])
             self.assertIsNone(window.upcoming())
             self.assertEqual(window.rows(), [])
-            self.picture(desktop, "first-window-empty-zh")
+            picture(desktop, os.path.join(PICTURES, "first-window-empty-zh.png"))
             self.end(desktop, app, "zh")
             self.assertEqual(os.listdir(folder), [])
 
@@ -110,7 +106,7 @@ class FirstWindow(unittest.TestCase):
             self.assertEqual(window.head(), EMPTY_HEADS["en"])
             self.assertIsNone(window.upcoming())
             self.assertEqual(window.rows(), [])
-            self.picture(desktop, "first-window-empty-en")
+            picture(desktop, os.path.join(PICTURES, "first-window-empty-en.png"))
             self.end(desktop, app, "en")
             with open(data_file(desktop), "rb") as now:
                 self.assertEqual(now.read(), broken)
