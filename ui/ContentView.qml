@@ -48,6 +48,9 @@ FocusScope {
         focus: true
         keyNavigationEnabled: false
         currentIndex: -1
+        // Rows are cheap; those made ahead of time, out of sight, would take part in Tab's order,
+        // and Qt 6.4 complains when the list shrinks while one is being made.
+        cacheBuffer: 0
         boundsBehavior: Flickable.StopAtBounds
         model: root.content.subscriptions
 

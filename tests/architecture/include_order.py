@@ -14,8 +14,10 @@ MAY_USE = {
     "platform": [],
     LOCALIZATION: ["platform"],
     "model": ["platform", LOCALIZATION],
-    "ui": ["platform", LOCALIZATION, "model"],
-    "app": ["platform", LOCALIZATION, "model", "ui"],
+    "scan": ["platform", LOCALIZATION, "model"],
+    "scanner": ["platform", LOCALIZATION, "model", "scan"],
+    "ui": ["platform", LOCALIZATION, "model", "scan"],
+    "app": ["platform", LOCALIZATION, "model", "scan", "ui"],
 }
 # They look at everything and nothing may look at them.
 OUTSIDE = ["tests", "benchmarks", "fuzz"]
