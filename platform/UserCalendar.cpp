@@ -20,6 +20,8 @@ constexpr CivilDay gregorianBegin = local_days(1582y / October / 15);
 
 // Beyond it ICU's arithmetic overflows; no date of the program's file can reach it.
 constexpr CivilDay lastCountable = local_days(9999y / December / 31);
+constexpr CivilDay firstNameable = local_days(1y / January / 1);
+constexpr int largestNumber = 9999;
 
 std::unique_ptr<icu::Calendar> makeCalendar(const QString &locale) {
     UErrorCode status = U_ZERO_ERROR;
@@ -39,6 +41,11 @@ bool countsLikeGregorian(const icu::Calendar &calendar) {
     return type == "gregorian" || type == "buddhist";
 }
 
+/// The day of an ICU time.
+CivilDay toDay(double time) {
+    return CivilDay(floor<days>(milliseconds(static_cast<qint64>(time))));
+}
+
 CivilDay addingGregorian(CalendarStep step, CivilDay day) {
     const year_month_day from(day);
     const months distance =
@@ -53,6 +60,20 @@ struct UserCalendar::Rules {
     explicit Rules(const QString &locale)
         : calendar(makeCalendar(locale)), gregorian(countsLikeGregorian(*calendar)) {}
 
+    std::optional<CivilDay> day(int year, int month, int dayOfMonth) {
+        UErrorCode status = U_ZERO_ERROR;
+        calendar->clear();
+        calendar->set(UCAL_YEAR, year);
+        calendar->set(UCAL_MONTH, month - 1);
+        calendar->set(UCAL_DATE, dayOfMonth);
+        const double midnight = calendar->getTime(status);
+        if (U_FAILURE(status))
+            return std::nullopt;
+        const CivilDay named = toDay(midnight);
+        return named >= firstNameable && named <= lastCountable ? std::optional(named)
+                                                                : std::nullopt;
+    }
+
     std::optional<CivilDay> adding(CalendarStep step, CivilDay day) {
         if (day > lastCountable)
             return std::nullopt;
@@ -64,10 +85,10 @@ struct UserCalendar::Rules {
         const double moved = calendar->getTime(status);
         if (U_FAILURE(status))
             return std::nullopt;
-        return CivilDay(floor<days>(milliseconds(static_cast<qint64>(moved))));
+        return toDay(moved);
     }
 
-    std::unique_ptr<icu::Calendar> calendar; // its time is scratch space for adding()
+    std::unique_ptr<icu::Calendar> calendar; // its time is scratch space
     bool gregorian;
 };
 
@@ -82,6 +103,13 @@ UserCalendar UserCalendar::current(const Environment &environment) {
     const QString locale = localeName(environment, "LC_TIME");
     return UserCalendar(isCLocale(locale) ? QStringLiteral("en_US_POSIX") : locale,
                         UserZone::current());
+}
+
+std::optional<CivilDay> UserCalendar::day(int year, int month, int day) const {
+    for (const int number : {year, month, day})
+        if (number < -largestNumber || number > largestNumber)
+            return std::nullopt;
+    return m_rules->day(year, month, day);
 }
 
 std::optional<CivilDay> UserCalendar::adding(CalendarStep step, CivilDay day) const {

@@ -42,6 +42,14 @@ public:
     /// The first moment of a civil day in the user's zone.
     Instant startOfDay(CivilDay day) const { return m_zone.startOfDay(day); }
 
+    /// The day that the numbers name in the user's calendar, month and day counted from 1, the year
+    /// in the calendar's own count (2025 is 1482 by the Gregorian calendar for the Buddhist one); a
+    /// calendar with eras takes the one it is in now. Numbers out of range roll over into the
+    /// neighbouring months and years: month 13 is the next January, day 0 the day before the first.
+    /// No value for a day outside the Gregorian years 1 to 9999, or for a number of more than four
+    /// digits.
+    std::optional<CivilDay> day(int year, int month, int day) const;
+
     /// The day one step later. Where the month reached has no such day, its last day is taken. No
     /// value when the calendar cannot count that far.
     std::optional<CivilDay> adding(CalendarStep step, CivilDay day) const;

@@ -10,7 +10,10 @@
 #include <gtest/gtest.h>
 #include <unicode/gregocal.h>
 
+#include <array>
+#include <limits>
 #include <random>
+#include <string_view>
 
 using namespace std::chrono;
 using namespace std::chrono_literals;
@@ -25,6 +28,106 @@ constexpr CalendarStep quarter = {3, CalendarStep::Unit::Month};
 constexpr CalendarStep year = {1, CalendarStep::Unit::Year};
 
 } // namespace
+
+TEST(UserCalendar, NamesADayByItsNumbers) {
+    struct {
+        std::array<int, 3> numbers;
+        const char *day;
+    } const cases[] = {
+        {{2025, 3, 8}, "2025-03-08"},   {{1900, 1, 1}, "1900-01-01"},
+        {{2099, 12, 31}, "2099-12-31"}, {{2024, 2, 29}, "2024-02-29"},
+        {{2025, 2, 29}, "2025-03-01"},  {{2025, 2, 31}, "2025-03-03"},
+        {{2025, 13, 1}, "2026-01-01"},  {{2025, 14, 30}, "2026-03-02"},
+        {{2025, 0, 15}, "2024-12-15"},  {{2025, 3, 0}, "2025-02-28"},
+        {{2024, 3, 0}, "2024-02-29"},   {{2025, 0, 0}, "2024-11-30"},
+        {{2025, 1, 45}, "2025-02-14"},  {{2025, 99, 99}, "2033-06-07"},
+        {{2025, -1, 1}, "2024-11-01"},  {{2025, 1, -1}, "2024-12-30"},
+        {{9999, 12, 31}, "9999-12-31"}, {{1, 1, 3}, "0001-01-01"},
+        {{1582, 10, 15}, "1582-10-15"}, {{1582, 10, 4}, "1582-10-14"},
+        {{1500, 2, 29}, "1500-03-10"},
+    };
+    for (const char *locale : {"en_US", "zh_CN", "en_US_POSIX", "ja_JP", ""}) {
+        const UserCalendar calendar = calendarIn("UTC", locale);
+        for (const auto &[numbers, day] : cases)
+            EXPECT_EQ(calendar.day(numbers[0], numbers[1], numbers[2]), civilDay(day))
+                << locale << ' ' << day;
+    }
+}
+
+TEST(UserCalendar, NamesADayInTheRegionsCalendar) {
+    struct {
+        const char *locale;
+        std::array<int, 3> numbers;
+        const char *day;
+    } const cases[] = {
+        // 2568 of the Buddhist count is 2025; its months are the Gregorian ones.
+        {"th_TH", {2568, 3, 8}, "2025-03-08"},
+        {"th_TH", {2568, 13, 45}, "2026-02-14"},
+        // 8 March 1482 in the Julian calendar.
+        {"th_TH", {2025, 3, 8}, "1482-03-17"},
+        {"fa_IR", {1404, 1, 1}, "2025-03-21"},
+        {"fa_IR", {1404, 13, 1}, "2026-03-21"},
+        {"fa_IR", {1403, 12, 30}, "2025-03-20"},
+        {"fa_IR", {1404, 12, 30}, "2026-03-21"},
+        {"fa_IR", {1404, 1, 0}, "2025-03-20"},
+        {"fa_IR", {2025, 3, 8}, "2646-05-29"},
+        // The calendar of Umm al-Qura.
+        {"ar_SA", {1446, 9, 1}, "2025-03-01"},
+        {"ar_SA", {1446, 9, 30}, "2025-03-30"},
+        // Counted in the era of now, which began in 2019.
+        {"ja_JP@calendar=japanese", {7, 3, 8}, "2025-03-08"},
+        {"ja_JP@calendar=japanese", {6, 15, 8}, "2025-03-08"},
+        {"ja_JP@calendar=japanese", {2025, 3, 8}, "4043-03-08"},
+    };
+    for (const auto &[locale, numbers, day] : cases)
+        EXPECT_EQ(calendarIn("UTC", locale).day(numbers[0], numbers[1], numbers[2]), civilDay(day))
+            << locale << ' ' << day;
+}
+
+TEST(UserCalendar, NamesNoDayTooFarAway) {
+    const UserCalendar calendar = calendarIn("UTC");
+    EXPECT_EQ(calendar.day(9999, 12, 32), std::nullopt);
+    EXPECT_EQ(calendar.day(1, 1, 2),
+              std::nullopt); // The last day of year 0, in the Julian calendar.
+    EXPECT_EQ(calendar.day(-5, 1, 1), std::nullopt);
+    EXPECT_EQ(calendarIn("UTC", "fa_IR").day(9999, 1, 1), std::nullopt);
+    EXPECT_EQ(calendarIn("UTC", "he_IL@calendar=hebrew").day(2025, 1, 1), std::nullopt);
+    constexpr int largest = std::numeric_limits<int>::max();
+    constexpr int smallest = std::numeric_limits<int>::min();
+    for (const int number : {10'000, -10'000, largest, smallest}) {
+        EXPECT_EQ(calendar.day(number, 1, 1), std::nullopt) << number;
+        EXPECT_EQ(calendar.day(2025, number, 1), std::nullopt) << number;
+        EXPECT_EQ(calendar.day(2025, 1, number), std::nullopt) << number;
+    }
+}
+
+/// Naming a day leaves nothing behind that the next naming, or a step, could see.
+TEST(UserCalendar, NamesEveryDayOfManyYears) {
+    for (const char *locale : {"en_US", "fa_IR"}) {
+        const UserCalendar calendar = calendarIn("UTC", locale);
+        const int first = locale == std::string_view("en_US") ? 1900 : 1279;
+        CivilDay expected = calendar.day(first, 1, 1).value();
+        for (int yearNumber = first; yearNumber < first + 200; ++yearNumber) {
+            for (int number = 1; number <= 12; ++number) {
+                ASSERT_EQ(calendar.day(yearNumber, number, 1), expected) << yearNumber;
+                ASSERT_EQ(calendar.day(yearNumber, number, 15), expected + days(14)) << yearNumber;
+                expected = calendar.adding(month, expected).value();
+            }
+            ASSERT_EQ(calendar.day(yearNumber, 13, 1), expected) << yearNumber;
+        }
+    }
+}
+
+TEST(UserCalendar, StartsANamedDayWhereItsMidnightIsMissing) {
+    const UserCalendar saoPaulo = calendarIn("America/Sao_Paulo", "pt_BR");
+    EXPECT_EQ(saoPaulo.startOfDay(saoPaulo.day(2018, 11, 4).value()),
+              instant("2018-11-04T03:00:00Z"));
+    const UserCalendar havana = calendarIn("America/Havana", "es_CU");
+    EXPECT_EQ(havana.startOfDay(havana.day(2025, 3, 9).value()), instant("2025-03-09T05:00:00Z"));
+    const UserCalendar kiritimati = calendarIn("Pacific/Kiritimati");
+    EXPECT_EQ(kiritimati.startOfDay(kiritimati.day(2025, 3, 8).value()),
+              instant("2025-03-07T10:00:00Z"));
+}
 
 TEST(UserCalendar, AddsOneStep) {
     struct {
