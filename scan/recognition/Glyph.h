@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "scan/recognition/TextRecognizer.h"
+
 #include <QList>
 #include <QString>
 
@@ -27,6 +29,10 @@ struct Glyph {
 using Glyphs = std::vector<Glyph>;
 
 QString textOf(const Glyphs &glyphs);
+
+/// The ways to read a line, best first: as its glyphs are, and then with one of them exchanged for
+/// what else it may be, likeliest first; at most four.
+QList<TextCandidate> candidatesOf(const Glyphs &glyphs);
 
 /// The mean over the glyphs; 0 when there are none.
 float confidenceOf(const Glyphs &glyphs);

@@ -3,6 +3,7 @@
 
 #include "scan/recognition/NeuralTextRecognizer.h"
 
+#include "scan/recognition/ConfusableLetters.h"
 #include "scan/recognition/CurrencySigns.h"
 #include "scan/recognition/InkProfile.h"
 #include "scan/recognition/ReadingOrder.h"
@@ -21,6 +22,10 @@ namespace {
 
 // Pieces less sure than this are drawings, not text.
 constexpr float leastConfidence = 0.5F;
+
+// Pages read with less confidence may stand on their heads, which a few of their pieces show.
+constexpr float surelyUpright = 0.9F;
+constexpr std::size_t sampleSize = 8;
 
 /// A copy of the bitmap as the models want it.
 cv::Mat bgrPixels(const QImage &bitmap) {
@@ -41,6 +46,18 @@ std::vector<std::size_t> longestFirst(const std::vector<Quad> &boxes) {
     return order;
 }
 
+/// The mean confidence of the glyphs on a page.
+template <typename Pieces>
+float sureness(const Pieces &pieces) {
+    float sum = 0;
+    float count = 0;
+    for (const auto &piece : pieces) {
+        sum += piece.confidence * static_cast<float>(piece.glyphs.size());
+        count += static_cast<float>(piece.glyphs.size());
+    }
+    return count == 0 ? 0 : sum / count;
+}
+
 } // namespace
 
 NeuralTextRecognizer::NeuralTextRecognizer(const std::filesystem::path &models, int threads)
@@ -49,19 +66,22 @@ NeuralTextRecognizer::NeuralTextRecognizer(const std::filesystem::path &models, 
         m_readers.emplace_back(models / "recognition.onnx", m_dictionary);
 }
 
-Glyphs NeuralTextRecognizer::readPiece(LineReader &reader, const cv::Mat &page, const Quad &box) {
+NeuralTextRecognizer::Piece NeuralTextRecognizer::readPiece(LineReader &reader, const cv::Mat &page,
+                                                            const Quad &box) {
     const cv::Mat line = rectified(page, box);
     Glyphs glyphs = reader.read(line);
-    if (confidenceOf(glyphs) < leastConfidence)
-        return {};
+    const float confidence = confidenceOf(glyphs);
+    if (confidence < leastConfidence)
+        return {box, std::move(glyphs), confidence};
     for (Glyph &glyph : glyphs) {
         if (glyph.text == QStringLiteral("￥"))
             glyph.text = QStringLiteral("¥");
     }
     const InkProfile ink(line);
-    glyphs = withWordSpaces(glyphs, ink);
-    return withCurrencySigns(std::move(glyphs), ink, line,
-                             [this](const cv::Mat &sign) { return m_signs.read(sign); });
+    glyphs = withSettledLetters(withWordSpaces(glyphs, ink));
+    glyphs = withCurrencySigns(std::move(glyphs), ink, line,
+                               [this](const cv::Mat &sign) { return m_signs.read(sign); });
+    return {box, std::move(glyphs), confidence};
 }
 
 std::vector<NeuralTextRecognizer::Piece>
@@ -74,14 +94,41 @@ NeuralTextRecognizer::read(const cv::Mat &page, const std::vector<Quad> &boxes) 
         for (int reader = range.start; reader < range.end; ++reader) {
             for (std::size_t i = next++; i < order.size(); i = next++) {
                 const std::size_t piece = order[i];
-                pieces[piece] = {
-                    boxes[piece],
-                    readPiece(m_readers[static_cast<std::size_t>(reader)], page, boxes[piece])};
+                pieces[piece] =
+                    readPiece(m_readers[static_cast<std::size_t>(reader)], page, boxes[piece]);
             }
         }
     };
     cv::parallel_for_({0, readers}, work, readers);
-    std::erase_if(pieces, [](const Piece &piece) { return piece.glyphs.empty(); });
+    return pieces;
+}
+
+std::vector<NeuralTextRecognizer::Piece> NeuralTextRecognizer::readUpright(const cv::Mat &bitmap,
+                                                                           PageTurn &turn) {
+    cv::Mat page = bitmap;
+    std::vector<Quad> boxes = m_detector.detect(page);
+    const bool isOnItsSide = liesOnItsSide(boxes);
+    if (isOnItsSide) {
+        page = turn.turned(page, 1);
+        boxes = m_detector.detect(page);
+    }
+    std::vector<Piece> pieces;
+    if (!isOnItsSide)
+        pieces = read(page, boxes);
+    if (isOnItsSide || sureness(pieces) < surelyUpright) {
+        std::vector<Quad> sample;
+        for (const std::size_t i : longest(boxes, sampleSize))
+            sample.push_back(boxes[i]);
+        PageTurn other = turn;
+        const cv::Mat turned = other.turned(page, 2);
+        if (sureness(read(turned, onTheirHeads(sample, page.size()))) >
+            sureness(read(page, sample))) {
+            turn = other;
+            return read(turned, onTheirHeads(boxes, page.size()));
+        }
+        if (isOnItsSide)
+            pieces = read(page, boxes);
+    }
     return pieces;
 }
 
@@ -89,7 +136,9 @@ QList<TextObservation> NeuralTextRecognizer::recognize(const QImage &bitmap) {
     if (bitmap.isNull())
         return {};
     const cv::Mat page = bgrPixels(bitmap);
-    const std::vector<Piece> pieces = read(page, m_detector.detect(page));
+    PageTurn turn(page.size());
+    std::vector<Piece> pieces = readUpright(page, turn);
+    std::erase_if(pieces, [](const Piece &piece) { return piece.confidence < leastConfidence; });
 
     std::vector<Quad> boxes;
     for (const Piece &piece : pieces)
@@ -99,8 +148,11 @@ QList<TextObservation> NeuralTextRecognizer::recognize(const QImage &bitmap) {
         for (const std::size_t i : row) {
             TextObservation observation;
             std::ranges::transform(pieces[i].box.corners, observation.box.begin(),
-                                   [](cv::Point2f corner) { return QPointF(corner.x, corner.y); });
-            observation.candidates = {{textOf(pieces[i].glyphs), confidenceOf(pieces[i].glyphs)}};
+                                   [&turn](cv::Point2f corner) {
+                                       const cv::Point2f there = turn.original(corner);
+                                       return QPointF(there.x, there.y);
+                                   });
+            observation.candidates = candidatesOf(pieces[i].glyphs);
             observations.append(observation);
         }
     }

@@ -5,6 +5,7 @@
 
 #include "scan/recognition/Glyph.h"
 #include "scan/recognition/LineReader.h"
+#include "scan/recognition/PageTurn.h"
 #include "scan/recognition/SignReader.h"
 #include "scan/recognition/TextDetector.h"
 #include "scan/recognition/TextRecognizer.h"
@@ -28,10 +29,12 @@ private:
     struct Piece {
         Quad box;
         Glyphs glyphs;
+        float confidence = 0; ///< Before anything was put back.
     };
 
+    std::vector<Piece> readUpright(const cv::Mat &bitmap, PageTurn &turn);
     std::vector<Piece> read(const cv::Mat &page, const std::vector<Quad> &boxes);
-    Glyphs readPiece(LineReader &reader, const cv::Mat &page, const Quad &box);
+    Piece readPiece(LineReader &reader, const cv::Mat &page, const Quad &box);
 
     TextDetector m_detector;
     ModelDictionary m_dictionary;

@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "scan/recognition/ConfusableLetters.h"
+
+#include "scan/recognition/Letters.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <ranges>
+
+namespace tovarin {
+
+namespace {
+
+// Within one of these groups the letters of many fonts look the same.
+constexpr std::array<QStringView, 3> confusables = {u"Il1|", u"O0o", u"S$5"};
+
+// Words of services and of their bills with such letters in them, as they are written. Sorted.
+constexpr QStringView lexicon[] = {
+    u"AI",        u"API",      u"All",      u"Annual",      u"App",     u"Apple",
+    u"Billed",    u"Billing",  u"Claude",   u"Cloud",       u"Company", u"DAZN",
+    u"DeepL",     u"Disney",   u"ERNIE",    u"GLM",         u"Grok",    u"HBO",
+    u"ID",        u"IDE",      u"IELTS",    u"INVOICE",     u"IP",      u"IPTV",
+    u"IQ",        u"ISBN",     u"IT",       u"Illustrator", u"In",      u"Inc",
+    u"Include",   u"Included", u"Includes", u"Individual",  u"Info",    u"Information",
+    u"Instagram", u"Intel",    u"Invoice",  u"Is",          u"Issue",   u"Issued",
+    u"It",        u"Item",     u"Items",    u"LTE",         u"OK",      u"Office",
+    u"On",        u"One",      u"Online",   u"Only",        u"OpenAI",  u"Order",
+    u"TOTAL",     u"VIP",      u"XAI",      u"iCloud",      u"iOS",     u"iPad",
+    u"iPhone",    u"iQIYI",    u"xAI"};
+
+bool isKnown(QStringView word) {
+    return std::ranges::find(lexicon, word) != std::end(lexicon);
+}
+
+QStringView groupOf(const QString &character) {
+    for (const QStringView group : confusables) {
+        if (character.size() == 1 && group.contains(character.front()))
+            return group;
+    }
+    return {};
+}
+
+/// The characters that a glyph may be exchanged for: those that look like it and that the model
+/// held possible.
+QStringList alternatives(const Glyph &glyph) {
+    const QStringView group = groupOf(glyph.text);
+    QStringList result;
+    for (const GlyphReading &reading : glyph.others) {
+        if (reading.text.size() == 1 && group.contains(reading.text.front()))
+            result.append(reading.text);
+    }
+    return result;
+}
+
+bool isOfWord(const Glyph &glyph) {
+    const char32_t c = codePoint(glyph.text);
+    return isLatinLetter(c) || isDigit(c) || c == U'|' || c == U'$';
+}
+
+/// The one known word that the glyphs may spell if one or more are exchanged.
+std::optional<QStringList> knownSpelling(std::ranges::subrange<Glyphs::iterator> word) {
+    constexpr std::size_t mostSpellings = 64;
+    std::vector<QStringList> spellings = {{}};
+    for (const Glyph &glyph : word) {
+        QStringList choices = alternatives(glyph);
+        choices.prepend(glyph.text);
+        std::vector<QStringList> longer;
+        for (const QStringList &spelling : spellings) {
+            for (const QString &choice : choices)
+                longer.push_back(spelling + QStringList{choice});
+        }
+        if (longer.size() > mostSpellings)
+            return std::nullopt;
+        spellings = std::move(longer);
+    }
+    std::optional<QStringList> found;
+    for (const QStringList &spelling : spellings) {
+        if (!isKnown(spelling.join(QString())))
+            continue;
+        if (found)
+            return std::nullopt;
+        found = spelling;
+    }
+    return found;
+}
+
+/// A currency sign taken for a letter: an S between US, HK and the like and a digit.
+void settleDollars(Glyphs &glyphs) {
+    for (std::size_t i = 2; i + 1 < glyphs.size(); ++i) {
+        const QString country = glyphs[i - 2].text + glyphs[i - 1].text;
+        if ((country == QStringLiteral("US") || country == QStringLiteral("HK")) &&
+            isDigit(codePoint(glyphs[i + 1].text)) &&
+            alternatives(glyphs[i]).contains(QStringLiteral("$")))
+            glyphs[i].text = QStringLiteral("$");
+    }
+}
+
+} // namespace
+
+Glyphs withSettledLetters(Glyphs glyphs) {
+    settleDollars(glyphs);
+    for (auto begin = glyphs.begin(); begin != glyphs.end();) {
+        if (!isOfWord(*begin)) {
+            ++begin;
+            continue;
+        }
+        const auto end = std::find_if_not(begin, glyphs.end(), isOfWord);
+        const std::ranges::subrange word(begin, end);
+        if (const auto spelling = knownSpelling(word)) {
+            for (qsizetype i = 0; i < spelling->size(); ++i)
+                begin[i].text = spelling->at(i);
+        }
+        begin = end;
+    }
+    return glyphs;
+}
+
+} // namespace tovarin

@@ -1,0 +1,238 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+// What is done to the glyphs of a line once the model has read them.
+
+#include "scan/recognition/ConfusableLetters.h"
+#include "scan/recognition/CurrencySigns.h"
+#include "scan/recognition/WordSpaces.h"
+#include "tests/support/Printing.h"
+
+#include <gtest/gtest.h>
+
+#include <opencv2/core.hpp>
+
+namespace tovarin {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// A line on which each character of `ink` is a black block on white, each space a gap of somewhat
+/// less than half the blocks' height; and the glyphs of `read`, one for each block, "_" for a block
+/// that was not read.
+struct Line {
+    static constexpr int block = 16;
+    static constexpr int top = 12;
+    static constexpr int height = 24;
+    static constexpr int step = 20;
+
+    Line(const QString &ink, const QString &read, int gap = 7) {
+        std::vector<int> blocks;
+        int x = 10;
+        for (const QChar c : ink) {
+            if (c == u' ') {
+                x += gap;
+                continue;
+            }
+            blocks.push_back(x);
+            x += step;
+        }
+        picture = cv::Mat(48, x + 10, CV_8UC3, cv::Scalar::all(255));
+        for (const int begin : blocks)
+            picture(cv::Rect(begin, top, block, height)).setTo(cv::Scalar::all(0));
+        for (qsizetype i = 0; i < read.size(); ++i) {
+            if (read[i] != u'_') {
+                const int middle = blocks[static_cast<std::size_t>(i)] + block / 2;
+                glyphs.push_back({QString(read[i]),
+                                  1,
+                                  static_cast<float>(middle) / static_cast<float>(picture.cols),
+                                  {}});
+            }
+        }
+    }
+
+    cv::Mat picture;
+    Glyphs glyphs;
+};
+
+QString spaced(const QString &ink) {
+    const Line line(ink, QString(ink).remove(u' '));
+    return textOf(withWordSpaces(line.glyphs, InkProfile(line.picture)));
+}
+
+Glyph glyph(const QString &text, const QStringList &others = {}) {
+    Glyph result = {text, 0.6F, 0, {}};
+    for (const QString &other : others)
+        result.others.append({other, 0.1F});
+    return result;
+}
+
+/// A line of which the letters I, l and 1 may be each other, and so O and 0, S and $.
+QString settled(const QString &text) {
+    Glyphs glyphs;
+    for (const QChar c : text) {
+        QStringList others;
+        for (const QString &group : {u"Il1"_s, u"O0"_s, u"S$"_s}) {
+            if (group.contains(c)) {
+                for (const QChar other : group) {
+                    if (other != c)
+                        others.append(other);
+                }
+            }
+        }
+        glyphs.push_back(glyph(c, others));
+    }
+    return textOf(withSettledLetters(glyphs));
+}
+
+} // namespace
+
+TEST(InkProfileTest, FindsDarkAndLightInk) {
+    const Line line(u"ab c"_s, {});
+    for (const cv::Mat &picture : {line.picture, cv::Mat(cv::Scalar::all(255) - line.picture)}) {
+        const InkProfile ink(picture);
+        ASSERT_EQ(ink.runs().size(), 3U);
+        EXPECT_EQ(ink.width(), line.picture.cols);
+        EXPECT_NEAR(ink.runs()[0].begin, 10, 1);
+        EXPECT_NEAR(ink.runs()[0].end, 26, 1);
+        EXPECT_NEAR(ink.runs()[2].begin, 57, 1);
+        EXPECT_NEAR(ink.runs()[1].top, Line::top, 1);
+        EXPECT_NEAR(ink.runs()[1].bottom, Line::top + Line::height, 1);
+        EXPECT_NEAR(ink.textHeight(), Line::height, 2);
+    }
+}
+
+TEST(InkProfileTest, OfEmptyPaperHasNoRuns) {
+    const InkProfile ink(cv::Mat(20, 100, CV_8UC3, cv::Scalar::all(200)));
+    EXPECT_EQ(ink.runs().size(), 0U);
+    EXPECT_EQ(ink.textHeight(), 12);
+    EXPECT_EQ(ink.nearestRun(10, 100), -1);
+}
+
+TEST(WordSpacesTest, StandWhereTheInkHasGaps) {
+    EXPECT_EQ(spaced(u"Music Plus"_s), u"Music Plus"_s);
+    EXPECT_EQ(spaced(u"a b cd"_s), u"a b cd"_s);
+    EXPECT_EQ(spaced(u"MusicPlus"_s), u"MusicPlus"_s);
+}
+
+TEST(WordSpacesTest, NeverStandBehindSignsOrBesideFullWidthMarks) {
+    EXPECT_EQ(spaced(u"¥ 45"_s), u"¥45"_s);
+    EXPECT_EQ(spaced(u"合计： 45"_s), u"合计：45"_s);
+    EXPECT_EQ(spaced(u"（ 45"_s), u"（45"_s);
+}
+
+TEST(WordSpacesTest, NeedAWiderGapWithinNumbers) {
+    EXPECT_EQ(spaced(u"12 34"_s), u"1234"_s);
+    const Line line(u"12 34"_s, u"1234"_s, 22);
+    EXPECT_EQ(textOf(withWordSpaces(line.glyphs, InkProfile(line.picture))), u"12 34"_s);
+}
+
+TEST(WordSpacesTest, KeepTheBlanksThatWereRead) {
+    const Line line(u"abcd"_s, u"abcd"_s);
+    Glyphs glyphs = line.glyphs;
+    glyphs.insert(glyphs.begin() + 2, Glyph{u" "_s, 1, 0.5F, {}});
+    EXPECT_EQ(textOf(withWordSpaces(glyphs, InkProfile(line.picture))), u"ab cd"_s);
+}
+
+TEST(CurrencySignsTest, AreReadWhereInkStandsUnreadBeforeAPrice) {
+    const Line line(u"x9.99"_s, u"_9.99"_s);
+    int asked = 0;
+    const auto sign = [&asked, &line](const cv::Mat &picture) {
+        ++asked;
+        EXPECT_NEAR(picture.cols, Line::block + 2, 2);
+        EXPECT_EQ(picture.rows, line.picture.rows);
+        return u"€"_s;
+    };
+    EXPECT_EQ(textOf(withCurrencySigns(line.glyphs, InkProfile(line.picture), line.picture, sign)),
+              u"€9.99"_s);
+    EXPECT_EQ(asked, 1);
+}
+
+TEST(CurrencySignsTest, TakeThePlaceOfTheLetterTheyWereTakenFor) {
+    const Line line(u"x9.99"_s, u"E9.99"_s);
+    const auto sign = [](const cv::Mat &) { return u"€"_s; };
+    EXPECT_EQ(textOf(withCurrencySigns(line.glyphs, InkProfile(line.picture), line.picture, sign)),
+              u"€9.99"_s);
+}
+
+TEST(CurrencySignsTest, AreNeverInvented) {
+    const auto nothing = [](const cv::Mat &) { return QString(); };
+    const auto refused = [](const cv::Mat &) -> QString {
+        ADD_FAILURE() << "asked";
+        return u"€"_s;
+    };
+    const Line unread(u"x9.99"_s, u"_9.99"_s);
+    EXPECT_EQ(textOf(withCurrencySigns(unread.glyphs, InkProfile(unread.picture), unread.picture,
+                                       nothing)),
+              u"9.99"_s);
+    const Line letter(u"x9.99"_s, u"E9.99"_s);
+    EXPECT_EQ(textOf(withCurrencySigns(letter.glyphs, InkProfile(letter.picture), letter.picture,
+                                       nothing)),
+              u"E9.99"_s);
+    // No decimals, a sign that was read, a word right before it, nothing before it, ink too far
+    // off.
+    for (const auto &[ink, read] :
+         {std::pair(u"x1999"_s, u"_1999"_s), std::pair(u"x9.99"_s, u"¥9.99"_s),
+          std::pair(u"ab9.99"_s, u"ab9.99"_s), std::pair(u"9.99"_s, u"9.99"_s),
+          std::pair(u"x  9.99"_s, u"_9.99"_s)}) {
+        const Line line(ink, read);
+        EXPECT_EQ(
+            textOf(withCurrencySigns(line.glyphs, InkProfile(line.picture), line.picture, refused)),
+            QString(read).remove(u'_'))
+            << read.toStdString();
+    }
+}
+
+TEST(CandidatesTest, AreRankedByTheirLoss) {
+    const Glyphs glyphs = {
+        {u"A"_s, 0.9F, 0, {{u"4"_s, 0.05F}}},
+        {u"l"_s, 0.5F, 0, {{u"I"_s, 0.4F}, {u"1"_s, 0.1F}}},
+        {u"!"_s, 1, 0, {}},
+    };
+    const QList<TextCandidate> candidates = candidatesOf(glyphs);
+    QStringList texts;
+    for (const TextCandidate &candidate : candidates)
+        texts.append(candidate.text);
+    EXPECT_EQ(texts, (QStringList{u"Al!"_s, u"AI!"_s, u"A1!"_s, u"4l!"_s}));
+    EXPECT_FLOAT_EQ(candidates[0].confidence, 0.8F);
+    EXPECT_FLOAT_EQ(candidates[1].confidence, 0.8F - 0.1F / 3);
+}
+
+TEST(CandidatesTest, AreAtMostFourAndNoneTwice) {
+    Glyphs glyphs;
+    for (int i = 0; i < 6; ++i)
+        glyphs.push_back({u"a"_s, 0.5F, 0, {{u"a"_s, 0.4F}, {u"o"_s, 0.3F}}});
+    const QList<TextCandidate> candidates = candidatesOf(glyphs);
+    ASSERT_EQ(candidates.size(), 4);
+    EXPECT_EQ(candidates[0].text, u"aaaaaa"_s);
+    EXPECT_EQ(candidates[1].text, u"oaaaaa"_s);
+    EXPECT_EQ(candidates[2].text, u"aoaaaa"_s);
+}
+
+TEST(ConfusableLettersTest, AreSettledByKnownWords) {
+    EXPECT_EQ(settled(u"Notion Al"_s), u"Notion AI"_s);
+    EXPECT_EQ(settled(u"OpenAl助手"_s), u"OpenAI助手"_s);
+    EXPECT_EQ(settled(u"lnvoice 1l0"_s), u"Invoice 1l0"_s);
+    EXPECT_EQ(settled(u"lCloud"_s), u"lCloud"_s);
+    EXPECT_EQ(settled(u"0ne"_s), u"One"_s);
+    EXPECT_EQ(settled(u"Total"_s), u"Total"_s);
+    EXPECT_EQ(settled(u""_s), u""_s);
+}
+
+TEST(ConfusableLettersTest, StayWhereTheModelSawNothingElse) {
+    Glyphs glyphs = {glyph(u"A"_s), glyph(u"l"_s, {u"i"_s, u"t"_s})};
+    EXPECT_EQ(textOf(withSettledLetters(glyphs)), u"Al"_s);
+    glyphs[1].others.append({u"I"_s, 0.01F});
+    EXPECT_EQ(textOf(withSettledLetters(glyphs)), u"AI"_s);
+}
+
+TEST(ConfusableLettersTest, MakeADollarOfAnSBetweenACountryAndADigit) {
+    EXPECT_EQ(settled(u"USS9.99"_s), u"US$9.99"_s);
+    EXPECT_EQ(settled(u"HKS 78"_s), u"HKS 78"_s);
+    EXPECT_EQ(settled(u"HKS78"_s), u"HK$78"_s);
+    EXPECT_EQ(settled(u"USST"_s), u"USST"_s);
+    EXPECT_EQ(settled(u"PS5"_s), u"PS5"_s);
+}
+
+} // namespace tovarin

@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include <QGuiApplication>
+
+#include <gtest/gtest.h>
+
+/// Drawing texts needs an application with fonts.
+int main(int argc, char **argv) {
+    testing::InitGoogleTest(&argc, argv);
+    const QGuiApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
