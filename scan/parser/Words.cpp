@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "scan/parser/Words.h"
+
+#include <unicode/ustring.h>
+
+#include <algorithm>
+
+namespace tovarin::ReceiptParser {
+
+QString lowerCased(QStringView text) {
+    const auto lowerInto = [text](QString &lower) {
+        UErrorCode status = U_ZERO_ERROR;
+        // Not QString::toLower(): that one knows no final sigma.
+        return u_strToLower(reinterpret_cast<char16_t *>(lower.data()),
+                            static_cast<int32_t>(lower.size()), text.utf16(),
+                            static_cast<int32_t>(text.size()), "", &status);
+    };
+    QString lower(text.size(), Qt::Uninitialized);
+    const int32_t size = lowerInto(lower);
+    const bool fitted = size <= lower.size();
+    lower.resize(size);
+    if (!fitted)
+        lowerInto(lower);
+    return lower;
+}
+
+bool containsAny(QStringView text, std::span<const QStringView> words) {
+    return std::ranges::any_of(words, [text](QStringView word) { return text.contains(word); });
+}
+
+} // namespace tovarin::ReceiptParser
