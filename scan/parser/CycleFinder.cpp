@@ -50,9 +50,10 @@ std::optional<BillingCycle> detectCycle(const QString &in) {
 
 std::optional<BillingCycle> detectNumberUnitCycle(const QString &text) {
     // Only the beginning of a run of digits is tried, as the rest of it would give the same: tried
-    // from every digit, a long run would take quadratic time.
+    // from every digit, a long run would take quadratic time. [\s] is \s, in the form of which ICU
+    // can repeat any number without its stack.
     static const Expression numberWithUnit(
-        uR"((?<![0-9])([0-9]+)\s*(个月|月|年|季|周|year|years|month|months|week|weeks))");
+        uR"((?<![0-9])([0-9]+)[\s]*(个月|月|年|季|周|year|years|month|months|week|weeks))");
     Search search(numberWithUnit);
     if (!search.isIn(text))
         return std::nullopt;

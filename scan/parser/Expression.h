@@ -29,8 +29,8 @@ private:
 /// Offsets count UTF-16 units. For one thread at a time.
 ///
 /// ICU keeps a stack of 8 MB for the ways it may have to go back to; a match that would need more
-/// is not found. Loops over one set of characters, such as [0-9]+, need none of it, but {5,}, ++
-/// and loops over groups take a piece for each round.
+/// is not found. Loops over a set in brackets, such as [0-9]+, need none of it; \s*, {5,}, ++ and
+/// loops over groups take a piece for each round.
 class Search {
 public:
     explicit Search(const Expression &expression);
