@@ -18,8 +18,9 @@ GraphemeCounter::GraphemeCounter() {
 
 int GraphemeCounter::count(QStringView text, int limit) {
     UErrorCode status = U_ZERO_ERROR;
-    icu::LocalUTextPointer units(utext_openUChars(nullptr, text.utf16(), text.size(), &status));
-    m_breaks->setText(units.getAlias(), status);
+    UText units = UTEXT_INITIALIZER;
+    utext_openUChars(&units, text.utf16(), text.size(), &status);
+    m_breaks->setText(&units, status);
     int count = 0;
     while (count <= limit && m_breaks->next() != icu::BreakIterator::DONE)
         ++count;
