@@ -27,12 +27,10 @@ constexpr float leastConfidence = 0.5F;
 constexpr float surelyUpright = 0.9F;
 constexpr std::size_t sampleSize = 8;
 
-/// A copy of the bitmap as the models want it.
-cv::Mat bgrPixels(const QImage &bitmap) {
-    QImage image = bitmap.convertToFormat(QImage::Format_BGR888);
-    const cv::Mat view(image.height(), image.width(), CV_8UC3, image.bits(),
-                       static_cast<std::size_t>(image.bytesPerLine()));
-    return view.clone();
+/// The pixels of a picture in the format BGR888, which must outlive the result.
+cv::Mat pixelsOf(QImage &picture) {
+    return {picture.height(), picture.width(), CV_8UC3, picture.bits(),
+            static_cast<std::size_t>(picture.bytesPerLine())};
 }
 
 /// Which of the pieces to read first: the long ones, so that no thread is left with one at the end.
@@ -135,7 +133,8 @@ std::vector<NeuralTextRecognizer::Piece> NeuralTextRecognizer::readUpright(const
 QList<TextObservation> NeuralTextRecognizer::recognize(const QImage &bitmap) {
     if (bitmap.isNull())
         return {};
-    const cv::Mat page = bgrPixels(bitmap);
+    QImage picture = bitmap.convertToFormat(QImage::Format_BGR888);
+    const cv::Mat page = pixelsOf(picture);
     PageTurn turn(page.size());
     std::vector<Piece> pieces = readUpright(page, turn);
     std::erase_if(pieces, [](const Piece &piece) { return piece.confidence < leastConfidence; });

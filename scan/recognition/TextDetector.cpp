@@ -109,7 +109,12 @@ cv::Mat TextDetector::textLikelihood(const cv::Mat &page, cv::Size size) {
         view *= 1 / channelDeviation[channel];
     }
     m_net.setInput(blob);
-    return interleaved(m_net.forward());
+    const cv::Mat map = interleaved(m_net.forward());
+    // The network keeps what its layers computed, some hundred megabytes for a large page, until it
+    // sees one of another size.
+    m_net.setInput(cv::Mat::zeros(4, std::array{1, 3, stride, stride}.data(), CV_32F));
+    m_net.forward();
+    return map;
 }
 
 std::vector<Quad> TextDetector::detect(const cv::Mat &page) {

@@ -4,6 +4,7 @@
 #include "scan/recognition/TextModel.h"
 
 #include <algorithm>
+#include <array>
 #include <opencv2/core/utility.hpp>
 #include <opencv2/dnn/dnn.hpp>
 #include <opencv2/dnn/layer.hpp>
@@ -24,10 +25,64 @@ using cv::Mat;
 using cv::dnn::Layer;
 using cv::dnn::LayerParams;
 
+/// One channel to convolve. The source is padded, and each of its rows is sorted by the step
+/// across: first the columns 0, step, 2·step, …, then 1, step + 1, … So neighbours in the result
+/// read neighbours in the source.
+struct Plane {
+    const float *source;
+    std::ptrdiff_t sourceStep;          ///< From one row of the result to its next, in the source.
+    std::ptrdiff_t rowWidth;            ///< Of the source.
+    std::array<std::ptrdiff_t, 5> taps; ///< Where the columns of the kernel begin in a source row.
+    const float *weights;
+    float bias;
+    float *result;
+    int width; ///< Of the result.
+    int height;
+};
+
+/// Adds one row of the kernel to a row of the result.
+template <int Size>
+[[gnu::always_inline]] inline void addRow(float *__restrict to, int width, const float *row,
+                                          const std::ptrdiff_t *taps, const float *weights) {
+    const float *__restrict a = row + taps[0];
+    const float *__restrict b = row + taps[1];
+    const float *__restrict c = row + taps[2];
+    const float wa = weights[0];
+    const float wb = weights[1];
+    const float wc = weights[2];
+    if constexpr (Size == 3) {
+        for (int x = 0; x < width; ++x)
+            to[x] += wa * a[x] + wb * b[x] + wc * c[x];
+    } else {
+        const float *__restrict d = row + taps[3];
+        const float *__restrict e = row + taps[4];
+        const float wd = weights[3];
+        const float we = weights[4];
+        for (int x = 0; x < width; ++x)
+            to[x] += wa * a[x] + wb * b[x] + wc * c[x] + wd * d[x] + we * e[x];
+    }
+}
+
+template <int Size>
+[[gnu::always_inline]] inline void convolve(const Plane &plane) {
+    for (int y = 0; y < plane.height; ++y) {
+        float *to = plane.result + std::ptrdiff_t{y} * plane.width;
+        std::fill_n(to, plane.width, plane.bias);
+        for (int i = 0; i < Size; ++i) {
+            addRow<Size>(to, plane.width, plane.source + y * plane.sourceStep + i * plane.rowWidth,
+                         plane.taps.data(), plane.weights + std::ptrdiff_t{i} * Size);
+        }
+    }
+}
+
 FOR_EACH_PROCESSOR
-void addScaled(float *__restrict sum, const float *__restrict values, float factor, int count) {
-    for (int i = 0; i < count; ++i)
-        sum[i] += values[i] * factor;
+void convolve3(const Plane &plane) {
+    convolve<3>(plane);
+}
+
+FOR_EACH_PROCESSOR
+void convolve5(const Plane &plane) {
+    convolve<5>(plane);
 }
 
 FOR_EACH_PROCESSOR
@@ -74,58 +129,46 @@ public:
         cv::parallel_for_({0, from[0].size[1]}, [&](const cv::Range &channels) {
             std::vector<float> padded;
             for (int channel = channels.start; channel < channels.end; ++channel)
-                convolve(from[0], to[0], channel, padded);
+                convolveChannel(from[0], to[0], channel, padded);
         });
     }
 
 private:
-    /// A channel with a border of zeros, each row sorted by the step across: first the columns 0,
-    /// step, 2·step, …, then 1, step + 1, … So neighbours in the result read neighbours here.
-    struct Padded {
-        int phaseWidth;
-        int rowWidth;
-    };
-
-    Padded pad(const Mat &from, int channel, std::vector<float> &padded) const {
+    void convolveChannel(const Mat &from, Mat &to, int channel, std::vector<float> &padded) const {
         const int border = m_size / 2;
         const int height = from.size[2];
         const int width = from.size[3];
         const int phaseWidth = (width + 2 * border + m_stepX - 1) / m_stepX;
-        const int rowWidth = phaseWidth * m_stepX;
-        padded.assign(
-            static_cast<std::size_t>(rowWidth) * static_cast<std::size_t>(height + 2 * border), 0);
+        const std::ptrdiff_t rowWidth = std::ptrdiff_t{phaseWidth} * m_stepX;
+        padded.assign(static_cast<std::size_t>(rowWidth * (height + 2 * border)), 0);
         for (int y = 0; y < height; ++y) {
             const float *source = from.ptr<float>(0, channel) + std::ptrdiff_t{y} * width;
-            float *row = padded.data() + std::ptrdiff_t{y + border} * rowWidth;
+            float *row = padded.data() + (y + border) * rowWidth;
             if (m_stepX == 1) {
                 std::copy(source, source + width, row + border);
                 continue;
             }
-            for (int x = 0; x < width; ++x) {
-                const int column = x + border;
-                row[column % m_stepX * phaseWidth + column / m_stepX] = source[x];
+            for (int phase = 0; phase < m_stepX; ++phase) {
+                // The first column of this phase that is not in the border.
+                const int skipped = (border - phase + m_stepX - 1) / m_stepX;
+                float *sorted = row + std::ptrdiff_t{phase} * phaseWidth + skipped;
+                for (int x = phase + skipped * m_stepX - border; x < width; x += m_stepX)
+                    *sorted++ = source[x];
             }
         }
-        return {phaseWidth, rowWidth};
-    }
 
-    void convolve(const Mat &from, Mat &to, int channel, std::vector<float> &padded) const {
-        const auto [phaseWidth, rowWidth] = pad(from, channel, padded);
-        const float *weights = blobs[0].ptr<float>(channel);
-        const float bias = blobs[1].ptr<float>()[channel];
-        const int height = to.size[2];
-        const int width = to.size[3];
-        for (int y = 0; y < height; ++y) {
-            float *sum = to.ptr<float>(0, channel) + std::ptrdiff_t{y} * width;
-            std::fill(sum, sum + width, bias);
-            for (int i = 0; i < m_size; ++i) {
-                const float *row = padded.data() + std::ptrdiff_t{y * m_stepY + i} * rowWidth;
-                for (int j = 0; j < m_size; ++j) {
-                    addScaled(sum, row + j % m_stepX * phaseWidth + j / m_stepX,
-                              weights[i * m_size + j], width);
-                }
-            }
-        }
+        Plane plane = {padded.data(),
+                       rowWidth * m_stepY,
+                       rowWidth,
+                       {},
+                       blobs[0].ptr<float>(channel),
+                       blobs[1].ptr<float>()[channel],
+                       to.ptr<float>(0, channel),
+                       to.size[3],
+                       to.size[2]};
+        for (int j = 0; j < m_size; ++j)
+            plane.taps[static_cast<std::size_t>(j)] = j % m_stepX * phaseWidth + j / m_stepX;
+        m_size == 3 ? convolve3(plane) : convolve5(plane);
     }
 
     int m_size;
