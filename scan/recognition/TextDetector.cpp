@@ -27,6 +27,10 @@ constexpr float smallPage = 640;
 constexpr double mostPixels = 4e6;
 constexpr int stride = 32;
 
+// The network needs about a quarter of a kilobyte for each pixel it sees at once.
+constexpr int mostStripPixels = 1'000'000;
+constexpr int stripOverlap = 4 * stride;
+
 /// The network tells sixteen pixels, four by four, in as many channels: channel
 /// 8·i + 4·j + 2·k + l is the pixel (4y + 2i + k, 4x + 2j + l).
 cv::Mat interleaved(const cv::Mat &channels) {
@@ -98,19 +102,40 @@ cv::Size TextDetector::workingSize(cv::Size page) {
     return {side(page.width), side(page.height)};
 }
 
-cv::Mat TextDetector::textLikelihood(const cv::Mat &page, cv::Size size) {
-    cv::Mat resized;
-    cv::resize(page, resized, size, 0, 0,
-               size.width < page.cols ? cv::INTER_AREA : cv::INTER_LINEAR);
-    cv::Mat blob = cv::dnn::blobFromImage(resized, 1.0 / 255, {}, channelMean);
-    const auto plane = static_cast<std::size_t>(size.area());
+cv::Mat TextDetector::likelihoodOnStrip(const cv::Mat &strip) {
+    cv::Mat blob = cv::dnn::blobFromImage(strip, 1.0 / 255, {}, channelMean);
+    const std::size_t plane = strip.total();
     for (std::size_t channel = 0; channel < channelDeviation.size(); ++channel) {
-        cv::Mat view(size, CV_32F, blob.ptr<float>() + channel * plane);
+        cv::Mat view(strip.size(), CV_32F, blob.ptr<float>() + channel * plane);
         view *= 1 / channelDeviation[channel];
     }
     m_net.setInput(blob);
-    const cv::Mat map = interleaved(m_net.forward());
-    // The network keeps what its layers computed, some hundred megabytes for a large page, until it
+    return interleaved(m_net.forward());
+}
+
+cv::Mat TextDetector::likelihoodOnPage(const cv::Mat &page) {
+    cv::Mat map(page.size(), CV_32F);
+    const bool isUpright = page.rows >= page.cols;
+    const int length = isUpright ? page.rows : page.cols;
+    const int breadth = isUpright ? page.cols : page.rows;
+    const int stripLength = std::max(4 * stripOverlap, mostStripPixels / breadth / stride * stride);
+    for (int begin = 0;;) {
+        const cv::Range range(begin, std::min(begin + stripLength, length));
+        const cv::Mat strip =
+            likelihoodOnStrip(isUpright ? page.rowRange(range) : page.colRange(range));
+        // Of two strips, each tells the half of their overlap that is nearer to its middle.
+        const int skipped = begin == 0 ? 0 : stripOverlap / 2;
+        const cv::Range told(begin + skipped, range.end);
+        const cv::Range inStrip(skipped, range.size());
+        if (isUpright)
+            strip.rowRange(inStrip).copyTo(map.rowRange(told));
+        else
+            strip.colRange(inStrip).copyTo(map.colRange(told));
+        if (range.end == length)
+            break;
+        begin = range.end - stripOverlap;
+    }
+    // The network keeps what its layers computed, hundreds of megabytes for a large page, until it
     // sees one of another size.
     m_net.setInput(cv::Mat::zeros(4, std::array{1, 3, stride, stride}.data(), CV_32F));
     m_net.forward();
@@ -118,7 +143,11 @@ cv::Mat TextDetector::textLikelihood(const cv::Mat &page, cv::Size size) {
 }
 
 std::vector<Quad> TextDetector::detect(const cv::Mat &page) {
-    const cv::Mat map = textLikelihood(page, workingSize(page.size()));
+    const cv::Size size = workingSize(page.size());
+    cv::Mat resized;
+    cv::resize(page, resized, size, 0, 0,
+               size.width < page.cols ? cv::INTER_AREA : cv::INTER_LINEAR);
+    const cv::Mat map = likelihoodOnPage(resized);
     std::vector<std::vector<cv::Point>> contours;
     cv::findContours(map > pixelThreshold, contours, cv::RETR_LIST, cv::CHAIN_APPROX_SIMPLE);
 

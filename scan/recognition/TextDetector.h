@@ -24,11 +24,12 @@ public:
     std::vector<Quad> detect(const cv::Mat &page);
 
     /// The size in which the network looks at a page: multiples of 32, at most about four million
-    /// pixels.
+    /// pixels. Large ones it sees strip by strip.
     static cv::Size workingSize(cv::Size page);
 
 private:
-    cv::Mat textLikelihood(const cv::Mat &page, cv::Size size);
+    cv::Mat likelihoodOnPage(const cv::Mat &page);
+    cv::Mat likelihoodOnStrip(const cv::Mat &strip);
 
     cv::dnn::Net m_net;
 };
