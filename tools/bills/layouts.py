@@ -1,0 +1,11 @@
+# SPDX-FileCopyrightText: The Tovarin developers
+# SPDX-License-Identifier: MIT
+"""All layouts of bills."""
+import collections
+
+import layouts_first
+
+# `language` is None for a layout that comes in both; `draw(page, bill, random)` draws it.
+Layout = collections.namedtuple("Layout", "name language widths draw")
+
+ALL = [Layout(*values) for module in (layouts_first,) for values in module.LAYOUTS]
