@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "scan/job/ScanMessages.h"
+
+#include "model/SubscriptionJson.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace tovarin::ScanMessages {
+
+namespace {
+
+const QString pathKey = u"path"_s;
+const QByteArray noDraft = "null"_ba;
+
+} // namespace
+
+QByteArray encodeRequest(const QString &path) {
+    return QJsonDocument(QJsonObject{{pathKey, path}}).toJson(QJsonDocument::Compact) + '\n';
+}
+
+std::optional<QString> decodeRequest(const QByteArray &line) {
+    const QJsonValue path = QJsonDocument::fromJson(line).object().value(pathKey);
+    return path.isString() ? std::optional(path.toString()) : std::nullopt;
+}
+
+QByteArray encodeAnswer(const std::optional<Subscription> &draft) {
+    std::optional<QByteArray> json;
+    if (draft)
+        json = encodeSubscriptions({*draft});
+    if (!json || json->size() > longestAnswer)
+        return noDraft + '\n';
+    // Inside a JSON text line feeds are escaped: these are layout only.
+    return json->replace('\n', ' ') + '\n';
+}
+
+std::variant<std::optional<Subscription>, Malformed> decodeAnswer(const QByteArray &line) {
+    if (line == noDraft)
+        return std::nullopt;
+    if (line.size() > longestAnswer)
+        return Malformed{};
+    const auto decoded = decodeSubscriptions(line);
+    const auto *list = std::get_if<QList<Subscription>>(&decoded);
+    if (!list || list->size() != 1)
+        return Malformed{};
+    return list->first();
+}
+
+} // namespace tovarin::ScanMessages
