@@ -101,8 +101,13 @@ TEST(UserCalendar, NamesNoDayTooFarAway) {
     }
 }
 
-/// Naming a day leaves nothing behind that the next naming, or a step, could see.
-TEST(UserCalendar, NamesEveryDayOfManyYears) {
+TEST(UserCalendar, NamesADayInTheEraOfNowWhateverItCountedBefore) {
+    const UserCalendar calendar = calendarIn("UTC", "ja_JP@calendar=japanese");
+    EXPECT_EQ(calendar.adding(year, civilDay("1950-03-08")), civilDay("1951-03-08"));
+    EXPECT_EQ(calendar.day(7, 3, 8), civilDay("2025-03-08"));
+}
+
+TEST(UserCalendar, NamesTheDaysThatItStepsOn) {
     for (const char *locale : {"en_US", "fa_IR"}) {
         const UserCalendar calendar = calendarIn("UTC", locale);
         const int first = locale == std::string_view("en_US") ? 1900 : 1279;
