@@ -20,7 +20,7 @@ class Column:
         self.y += height * self.look.density
         self.page.height = max(self.page.height, self.y)
 
-    def _step(self, size):
+    def step(self, size):
         """The baseline of a line of that size; moves on below it."""
         baseline = self.y + 1.1 * size
         self.y += 1.5 * size
@@ -29,7 +29,7 @@ class Column:
     def line(self, text, size=None, weight=400, color=None, align="left", family=None, parts=None):
         size = size or self.look.size
         x = {"left": self.left, "center": self.middle, "right": self.right}[align]
-        left, right = self.page.text(x, self._step(size), text, size, weight, color, align, family,
+        left, right = self.page.text(x, self.step(size), text, size, weight, color, align, family,
                                      parts)
         if left < self.left - 0.5 or right > self.right + 0.5:
             raise DoesNotFit(text)
@@ -50,7 +50,7 @@ class Column:
              label_weight=400):
         """A label and its value: at the right edge, or beginning `at` some distance from the left."""
         size = size or self.look.size
-        baseline = self._step(size)
+        baseline = self.step(size)
         self.page.text(self.left, baseline, label, size, label_weight, label_color or self.look.muted)
         if at is None:
             self.page.text(self.right, baseline, value, size, weight, color, "right")

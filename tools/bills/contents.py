@@ -63,6 +63,12 @@ class Bill:
         self._amounts.append(text)
         return text
 
+    def total_in_sizes(self):
+        """The amount that was paid as parts for Page.text: what precedes the number is smaller."""
+        text = self.total()
+        start = next(i for i, letter in enumerate(text) if letter.isdigit())
+        return [(part, factor) for part, factor in ((text[:start], 0.65), (text[start:], 1)) if part]
+
     def date(self, day):
         text = self._date.format(y=day.year, m=day.month, d=day.day, month=MONTHS[day.month - 1],
                                  long=LONG_MONTHS[day.month - 1])

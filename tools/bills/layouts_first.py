@@ -168,7 +168,7 @@ def table(column, heads, lines):
     for number, cells in enumerate([heads, *lines]):
         size = look.size - 2 if number == 0 else look.size
         column.gap(6)
-        baseline = column._step(size)
+        baseline = column.step(size)
         for i, (cell, end) in enumerate(zip(cells, ends)):
             column.page.text(column.left + width * end, baseline, cell, size, 400,
                              look.muted if number == 0 else None, "right" if i else "left")
