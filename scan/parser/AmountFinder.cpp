@@ -17,8 +17,8 @@ namespace tovarin::ReceiptParser {
 
 namespace {
 
-constexpr QStringView paymentLabels[] = {u"实付", u"合计",  u"金额",   u"价格", u"支付",
-                                         u"总计", u"total", u"amount", u"应付", u"付款"};
+constexpr Word paymentLabels[] = {u"实付", u"合计",  u"金额",   u"价格", u"支付",
+                                  u"总计", u"total", u"amount", u"应付", u"付款"};
 
 constexpr qsizetype unitsBefore = 10;
 constexpr qsizetype spanLength = 12;

@@ -9,11 +9,11 @@ namespace tovarin::ReceiptParser {
 
 namespace {
 
-constexpr QStringView oneTimeWords[] = {u"一次性",   u"单次",    u"买断",     u"永久",     u"终身",
-                                        u"one-time", u"onetime", u"lifetime", u"perpetual"};
-constexpr QStringView recurringWords[] = {u"自动续费",   u"连续",  u"订阅",         u"续订",
-                                          u"auto-renew", u"renew", u"subscription", u"recurring",
-                                          u"包月",       u"包年",  u"包季"};
+constexpr Word oneTimeWords[] = {u"一次性",   u"单次",    u"买断",     u"永久",     u"终身",
+                                 u"one-time", u"onetime", u"lifetime", u"perpetual"};
+constexpr Word recurringWords[] = {u"自动续费",   u"连续",  u"订阅",         u"续订",
+                                   u"auto-renew", u"renew", u"subscription", u"recurring",
+                                   u"包月",       u"包年",  u"包季"};
 
 } // namespace
 

@@ -11,23 +11,20 @@ namespace tovarin::ReceiptParser {
 
 namespace {
 
-constexpr QStringView aiWords[] = {u"chatgpt", u"openai", u"claude", u"gpt",   u"midjourney",
-                                   u"copilot", u"gemini", u"ai",     u"cursor"};
-constexpr QStringView cloudWords[] = {u"icloud",  u"云",   u"storage", u"drive",
-                                      u"dropbox", u"网盘", u"百度网盘"};
-constexpr QStringView musicWords[] = {u"music",  u"音乐",   u"spotify",
-                                      u"网易云", u"qq音乐", u"apple music"};
-constexpr QStringView videoWords[] = {u"video",    u"视频",    u"影音",    u"爱奇艺",
-                                      u"腾讯视频", u"优酷",    u"netflix", u"bilibili",
-                                      u"b站",      u"youtube", u"disney"};
-constexpr QStringView gameWords[] = {u"game", u"游戏", u"steam", u"xbox", u"ps plus"};
-constexpr QStringView readingWords[] = {u"读", u"kindle", u"book", u"阅读"};
-constexpr QStringView softwareWords[] = {u"软件",  u"app",    u"software",
-                                         u"adobe", u"office", u"setapp"};
+constexpr Word aiWords[] = {u"chatgpt", u"openai", u"claude", u"gpt",   u"midjourney",
+                            u"copilot", u"gemini", u"ai",     u"cursor"};
+constexpr Word cloudWords[] = {u"icloud",  u"云",   u"storage", u"drive",
+                               u"dropbox", u"网盘", u"百度网盘"};
+constexpr Word musicWords[] = {u"music", u"音乐", u"spotify", u"网易云", u"qq音乐", u"apple music"};
+constexpr Word videoWords[] = {u"video",   u"视频",     u"影音", u"爱奇艺",  u"腾讯视频", u"优酷",
+                               u"netflix", u"bilibili", u"b站",  u"youtube", u"disney"};
+constexpr Word gameWords[] = {u"game", u"游戏", u"steam", u"xbox", u"ps plus"};
+constexpr Word readingWords[] = {u"读", u"kindle", u"book", u"阅读"};
+constexpr Word softwareWords[] = {u"软件", u"app", u"software", u"adobe", u"office", u"setapp"};
 
 struct Group {
     QStringView category;
-    std::span<const QStringView> words;
+    std::span<const Word> words;
 };
 
 constexpr Group groups[] = {

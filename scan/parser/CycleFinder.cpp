@@ -10,18 +10,17 @@ namespace tovarin::ReceiptParser {
 
 namespace {
 
-constexpr QStringView yearlyWords[] = {u"每年",  u"年度",     u"/年",   u"年付",   u"按年",
-                                       u"包年",  u"一年",     u"每 年", u"yearly", u"annual",
-                                       u"/year", u"per year", u"/yr"};
-constexpr QStringView quarterlyWords[] = {u"每季", u"季度", u"季付", u"包季", u"quarter"};
-constexpr QStringView weeklyWords[] = {u"每周", u"周付", u"weekly", u"/week", u"每 周"};
-constexpr QStringView monthlyWords[] = {u"每月",   u"月度",      u"/月",   u"月付",
-                                        u"按月",   u"包月",      u"每 月", u"monthly",
-                                        u"/month", u"per month", u"/mo"};
+constexpr Word yearlyWords[] = {u"每年",  u"年度",     u"/年",   u"年付",   u"按年",
+                                u"包年",  u"一年",     u"每 年", u"yearly", u"annual",
+                                u"/year", u"per year", u"/yr"};
+constexpr Word quarterlyWords[] = {u"每季", u"季度", u"季付", u"包季", u"quarter"};
+constexpr Word weeklyWords[] = {u"每周", u"周付", u"weekly", u"/week", u"每 周"};
+constexpr Word monthlyWords[] = {u"每月",  u"月度",    u"/月",    u"月付",      u"按月", u"包月",
+                                 u"每 月", u"monthly", u"/month", u"per month", u"/mo"};
 
 struct Group {
     BillingCycle cycle;
-    std::span<const QStringView> words;
+    std::span<const Word> words;
 };
 
 constexpr Group groups[] = {

@@ -14,16 +14,16 @@ namespace tovarin::ReceiptParser {
 
 namespace {
 
-constexpr QStringView brands[] = {u"netflix", u"spotify", u"youtube",  u"disney",      u"hbo",
-                                  u"chatgpt", u"openai",  u"claude",   u"midjourney",  u"gemini",
-                                  u"copilot", u"cursor",  u"notion",   u"figma",       u"adobe",
-                                  u"office",  u"icloud",  u"dropbox",  u"setapp",      u"kindle",
-                                  u"steam",   u"xbox",    u"bilibili", u"爱奇艺",      u"腾讯视频",
-                                  u"优酷",    u"网易云",  u"qq音乐",   u"apple music", u"百度网盘"};
+constexpr Word brands[] = {u"netflix", u"spotify", u"youtube",  u"disney",      u"hbo",
+                           u"chatgpt", u"openai",  u"claude",   u"midjourney",  u"gemini",
+                           u"copilot", u"cursor",  u"notion",   u"figma",       u"adobe",
+                           u"office",  u"icloud",  u"dropbox",  u"setapp",      u"kindle",
+                           u"steam",   u"xbox",    u"bilibili", u"爱奇艺",      u"腾讯视频",
+                           u"优酷",    u"网易云",  u"qq音乐",   u"apple music", u"百度网盘"};
 
-constexpr QStringView planWords[] = {u"plus", u"pro",        u"premium",     u"vip",  u"会员",
-                                     u"订阅", u"membership", u"套餐",        u"常规", u"标准",
-                                     u"高级", u"plan",       u"subscription"};
+constexpr Word planWords[] = {u"plus", u"pro",        u"premium",     u"vip",  u"会员",
+                              u"订阅", u"membership", u"套餐",        u"常规", u"标准",
+                              u"高级", u"plan",       u"subscription"};
 
 constexpr int brandScore = 5;
 constexpr int planScore = 3;

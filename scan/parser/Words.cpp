@@ -26,8 +26,11 @@ QString lowerCased(QStringView text) {
     return lower;
 }
 
-bool containsAny(QStringView text, std::span<const QStringView> words) {
-    return std::ranges::any_of(words, [text](QStringView word) { return text.contains(word); });
+bool containsAny(QStringView text, std::span<const Word> words) {
+    const quint64 units = unitsOf({text.utf16(), static_cast<std::size_t>(text.size())});
+    return std::ranges::any_of(words, [text, units](const Word &word) {
+        return (word.units & ~units) == 0 && text.contains(word.text);
+    });
 }
 
 } // namespace tovarin::ReceiptParser

@@ -46,7 +46,7 @@ TEST(LowerCased, IsQtsLowerCasingForEverySingleCharacter) {
 }
 
 TEST(ContainsAny, FindsAWordAnywhereAndMindsLetterCase) {
-    constexpr QStringView words[] = {u"tax", u"合计"};
+    constexpr Word words[] = {u"tax", u"合计"};
     EXPECT_TRUE(containsAny(u"tax", words));
     EXPECT_TRUE(containsAny(u"syntax", words));
     EXPECT_TRUE(containsAny(u"总合计：", words));
@@ -54,6 +54,9 @@ TEST(ContainsAny, FindsAWordAnywhereAndMindsLetterCase) {
     EXPECT_FALSE(containsAny(u"ta x合 计", words));
     EXPECT_FALSE(containsAny(u"", words));
     EXPECT_FALSE(containsAny(u"tax", {}));
+    // Other units of the same remainders by 64.
+    EXPECT_FALSE(containsAny(u"\u01B4\u01A1\u01B8", words));
+    EXPECT_TRUE(containsAny(QString(1'000'000, u'x') + u"合计"_s, words));
 }
 
 } // namespace tovarin::ReceiptParser
