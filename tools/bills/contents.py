@@ -93,7 +93,8 @@ class Bill:
 
     def code(self, pattern):
         """`A` stands for a letter, `0` for a digit, `X` for either."""
-        sets = {"A": "ABCDEFGHJKLMNPQRSTUVWXYZ", "0": "0123456789", "X": "ABCDEFGHJKLMNPQRSTUVWXYZ23456789"}
+        letters = "ABCDEFGHJKLMNPQRSTUVWXYZ"
+        sets = {"A": letters, "0": "0123456789", "X": letters + "23456789"}
         return "".join(self.random.choice(sets.get(c, c)) for c in pattern)
 
     def tail(self):

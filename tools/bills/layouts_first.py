@@ -77,7 +77,8 @@ def email_receipt_en(page, bill, random):
                 ("Order ID" if random.random() < 0.5 else "Receipt #", bill.code("AAA-0000-0000")),
                 ("Payment method", f"{random.choice(['Visa', 'Mastercard', 'Amex'])} {bill.tail()}")]
         if random.random() < 0.5:
-            rows.append(("Billing period", random.choice(["Yearly", "1 year"] if bill.yearly else ["Monthly", "1 month"])))
+            rows.append(("Billing period", random.choice(
+                ["Yearly", "1 year"] if bill.yearly else ["Monthly", "1 month"])))
         if random.random() < 0.5:
             rows.append(("Next billing date", bill.date(bill.next_on)))
         for label, value in rows:
@@ -197,8 +198,9 @@ def store_receipt_zh(page, bill, random):
     column.icon(random, column.left, 56)
     left, column.left = column.left, column.left + 70
     column.pair(bill.name, bill.total(), weight=500, label_color=look.text, label_weight=600)
-    column.line(random.choice(
-        ["连续包年", "年度订阅"] if bill.yearly else ["月度会员（自动续订）", "连续包月", "高级版（每月）"]), look.size - 1, color=look.muted)
+    column.line(random.choice(["连续包年", "年度订阅"] if bill.yearly else
+                              ["月度会员（自动续订）", "连续包月", "高级版（每月）"]),
+                look.size - 1, color=look.muted)
     column.line(f"续订日期：{bill.date(bill.next_on)}", look.size - 1, color=look.muted)
     column.left = left
     column.gap(14)

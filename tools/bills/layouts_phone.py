@@ -75,7 +75,8 @@ def order_zh(page, bill, random):
     column.gap(14)
     with column.card():
         rows = [(random.choice(["订单编号", "订单号"]), bill.digits(random.choice([15, 18]))),
-                (random.choice(["下单时间", "创建时间"]), bill.moment()), ("付款方式", random.choice(["微信支付", "支付宝", "银行卡"])),
+                (random.choice(["下单时间", "创建时间"]), bill.moment()),
+                ("付款方式", random.choice(["微信支付", "支付宝", "银行卡"])),
                 ("充值账号", f"186****{bill.digits(4)}"), ("发票类型", "电子普通发票")]
         at = random.choice([90, 90, None])
         for label, value in rows[:random.randint(2, 5)]:

@@ -89,7 +89,8 @@ def add(samples):
     keep("bill.webp", encoded(other, "WEBP", quality=80), "WebP, lossy", other_truth)
     keep("bill-lossless.webp", encoded(other, "WEBP", lossless=True), "WebP, lossless", other_truth)
     TiffImagePlugin.WRITE_LIBTIFF = False
-    keep("bill.tiff", encoded(other.quantize(64), "TIFF", compression="tiff_lzw"), "TIFF, LZW", other_truth)
+    keep("bill.tiff", encoded(other.quantize(64), "TIFF", compression="tiff_lzw"), "TIFF, LZW",
+         other_truth)
     keep("bill.bmp", encoded(other.quantize(64), "BMP"), "BMP, palette", other_truth)
 
     keep("jpeg-named.png", jpeg, "a JPEG that is called PNG", truth)
@@ -100,7 +101,8 @@ def add(samples):
     keep("corrupted.png", with_flipped_bytes(png), "bytes inside are wrong")
     keep("corrupted.jpg", with_flipped_bytes(jpeg, 12), "bytes inside are wrong; parts may be seen")
     keep("cut-in-the-middle.png", png[:len(png) // 2], "the second half is missing")
-    keep("cut-in-the-middle.jpg", jpeg[:len(jpeg) // 2], "the second half is missing; the first can be seen")
+    keep("cut-in-the-middle.jpg", jpeg[:len(jpeg) // 2],
+         "the second half is missing; the first can be seen")
     keep("head-only.png", png[:33], "nothing behind the head")
     keep("empty.png", b"", "no bytes at all")
     keep("text-named.png", "合计 ¥45.00\n2025-03-08\n".encode(), "a text file that is called PNG")
@@ -121,7 +123,8 @@ def plain():
 def stacked(samples):
     """Several bills below each other, as a program that scrolls while it takes a picture makes it."""
     parts = [samples.bill(f"tall {i}", layout, width=390)[:2]
-             for i, layout in enumerate(("payment-result", "message", "order-details", "purchase-history"))]
+             for i, layout in enumerate(("payment-result", "message", "order-details",
+                                         "purchase-history"))]
     pictures = [kinds.drawn(page, 2) for page, _ in parts]
     truths = [truth for _, truth in parts]
     fields = {key: [text for told in truths for text in told["fields"][key]]

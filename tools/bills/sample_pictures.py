@@ -17,10 +17,17 @@ DEGRADED = {"payment-result": ["photographed", "turned"], "e-mail-receipt": ["ph
             "service-invoice": ["photographed", "turned"], "billing-page": ["shrunk"],
             "statement": ["rotated"], "licence": ["blurred", "jpeg-low"], "mixed": ["photographed"],
             "paper-invoice": ["shrunk", "turned"]}
-SHOWN = {"1x": "at the size of the screen", "2x": "drawn twice as large", "3x": "drawn three times as large",
-         "dark": "light on dark", "jpeg": "a good JPEG", "photographed": "tilted, in perspective, on a table "
-         "in uneven light", "blurred": "out of focus", "rotated": "turned by a few degrees", "shrunk":
-         "reduced by a messenger", "jpeg-low": "a poor JPEG", "turned": "lying on its side or its head"}
+SHOWN = {"1x": "at the size of the screen",
+         "2x": "drawn twice as large",
+         "3x": "drawn three times as large",
+         "dark": "light on dark",
+         "jpeg": "a good JPEG",
+         "photographed": "tilted, in perspective, on a table in uneven light",
+         "blurred": "out of focus",
+         "rotated": "turned by a few degrees",
+         "shrunk": "reduced by a messenger",
+         "jpeg-low": "a poor JPEG",
+         "turned": "lying on its side or its head"}
 
 
 def add(samples):
