@@ -8,7 +8,6 @@ import random as chances
 import contents
 import cv2
 import kinds
-import layouts
 import looks
 import page as pages
 import rows
