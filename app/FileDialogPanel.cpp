@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "app/FileDialogPanel.h"
+
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QWindow>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace tovarin {
+
+QList<QUrl> FileDialogPanel::run(const Request &request) {
+    QWindow *window = QGuiApplication::focusWindow();
+    QFileDialog dialog;
+    dialog.winId(); // Makes the window that the next line looks for.
+    dialog.windowHandle()->setTransientParent(window);
+    dialog.setWindowTitle(request.message);
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(request.allowMultiple ? QFileDialog::ExistingFiles
+                                             : QFileDialog::ExistingFile);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    const QString patterns = fileNamePatterns(request.allowedContentTypes).join(u' ');
+    dialog.setNameFilter(request.message + u" ("_s + patterns + u')');
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedUrls() : QList<QUrl>();
+}
+
+} // namespace tovarin

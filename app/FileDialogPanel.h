@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "platform/OpenPanel.h"
+
+namespace tovarin {
+
+/// The open panel as the desktop's own file dialog, or Qt's where the desktop has none. Such a
+/// dialog has no line for a message: it stands in the title, and names the kind of files shown.
+/// Needs a QApplication.
+class FileDialogPanel final : public OpenPanel {
+public:
+    /// Modal for the whole program, above the window that has the focus.
+    QList<QUrl> run(const Request &request) override;
+};
+
+} // namespace tovarin
