@@ -33,8 +33,9 @@ bool set(__rlimit_resource limit, rlim_t value) {
 
 /// The address space is not limited: what is reserved and never filled harms nobody.
 bool limitResources() {
-    return set(RLIMIT_CORE, 0) && set(RLIMIT_FSIZE, 0) &&
-           (!limitsMemory || set(RLIMIT_DATA, memoryLimit));
+    // A write beyond the limit is to fail, not to end the process.
+    return std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && set(RLIMIT_CORE, 0) &&
+           set(RLIMIT_FSIZE, 0) && (!limitsMemory || set(RLIMIT_DATA, memoryLimit));
 }
 
 /// Crash reporters that take core dumps through a pipe do not look at RLIMIT_CORE; they do not get
