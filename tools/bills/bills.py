@@ -9,7 +9,9 @@ import contents
 import cv2
 import kinds
 import looks
+import numpy
 import page as pages
+import pdf_files
 import rows
 
 
@@ -19,7 +21,7 @@ def by_lot(seed, layout, dark, width=None):
         random = chances.Random(f"{seed} {attempt}")
         language = layout.language or random.choice(["zh", "en"])
         look = looks.by_lot(random, language == "zh", dark)
-        page = pages.Page(look, width or random.choice(layout.widths))
+        page = layout.paper(look, width or random.choice(layout.widths))
         bill = contents.Bill(random, language == "zh")
         try:
             layout.draw(page, bill, random)
@@ -34,7 +36,7 @@ def by_lot(seed, layout, dark, width=None):
 
 
 def truth(kind, layout, language, page, facts):
-    return {"kind": kind, "group": "clean" if kind in kinds.CLEAN else "degraded",
+    return {"kind": kind, "group": kinds.group(kind),
             "language": language, "layout": layout.name, "rows": page.rows(), "fields": facts}
 
 
@@ -69,4 +71,20 @@ def draw(seed, number, kind, layout, folder):
     picture, quality = kinds.picture(kind, page, random)
     name = f"{number:03}-{kind}-{layout.name}"
     write(folder, name, picture, quality, truth(kind, layout, language, page, facts))
+    return name
+
+
+def draw_document(seed, number, kind, layout, folder):
+    """One PDF file of a set; gives its name without ending."""
+    page, facts, language, random = by_lot(f"{seed} {number}", layout, dark=False)
+    if kind == "pdf-text":
+        data = page.document()
+    else:
+        picture = kinds.scanned(page, random, numpy.random.RandomState(random.getrandbits(32)))
+        data = pdf_files.scanned([pdf_files.Scan(picture, 72 * picture.shape[1] / 595,
+                                                 random.randint(60, 85))])
+    name = f"{number:03}-{kind}-{layout.name}"
+    with open(os.path.join(folder, name + ".pdf"), "wb") as file:
+        file.write(data)
+    write_truth(folder, name, truth(kind, layout, language, page, facts))
     return name

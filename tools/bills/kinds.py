@@ -4,31 +4,25 @@
 or a scanner has had it."""
 import math
 
-import cairo
 import cv2
 import numpy
 
 CLEAN = ["1x", "2x", "3x", "dark", "jpeg"]
 DEGRADED = ["photographed", "blurred", "rotated", "shrunk", "jpeg-low", "turned"]
+DOCUMENTS = ["pdf-text", "pdf-scanned"]
 
 # Nothing degraded has letters whose x-height, taken as half the font's size, is below this many
 # pixels: a person can still read all of it.
 LEAST_X_HEIGHT = 8
 
 
-def drawn(page, scale):
-    """The page as a picture, blue first."""
-    size = [math.ceil(length * scale) for length in (page.width, page.height)]
-    surface = cairo.ImageSurface(cairo.FORMAT_RGB24, *size)
-    page.show(surface, scale)
-    surface.flush()
-    pixels = numpy.frombuffer(surface.get_data(), numpy.uint8).reshape(size[1], -1, 4)
-    return numpy.ascontiguousarray(pixels[:, :size[0], :3])
-
-
 def _readable_scale(page, random, shrinkage):
     least = 2 * LEAST_X_HEIGHT / page.smallest_size() / shrinkage
     return max(least, random.choice([1, 1.5, 2]) if page.width > 500 else random.choice([1.5, 2, 3]))
+
+
+def group(kind):
+    return "clean" if kind in CLEAN or kind == "pdf-text" else "degraded"
 
 
 def _noise(picture, chance, strength):
@@ -52,7 +46,7 @@ def _table(chance, height, width):
 
 
 def photographed(page, random, chance):
-    picture = drawn(page, _readable_scale(page, random, 0.85))
+    picture = page.picture(_readable_scale(page, random, 0.85))
     height, width = picture.shape[:2]
     angle = math.radians(random.uniform(-8, 8))
     turn = numpy.array([[math.cos(angle), -math.sin(angle)], [math.sin(angle), math.cos(angle)]])
@@ -75,7 +69,7 @@ def photographed(page, random, chance):
 
 
 def blurred(page, random, chance):
-    picture = drawn(page, _readable_scale(page, random, 0.9))
+    picture = page.picture(_readable_scale(page, random, 0.9))
     picture = cv2.GaussianBlur(picture, (0, 0), random.uniform(0.9, 1.4))
     if random.random() < 0.4:
         length = random.choice([3, 5])
@@ -85,7 +79,7 @@ def blurred(page, random, chance):
 
 
 def rotated(page, random, chance):
-    picture = drawn(page, _readable_scale(page, random, 1))
+    picture = page.picture(_readable_scale(page, random, 1))
     height, width = picture.shape[:2]
     angle = random.choice([-1, 1]) * random.uniform(1, 4)
     matrix = cv2.getRotationMatrix2D((width / 2, height / 2), angle, 1)
@@ -101,26 +95,38 @@ def rotated(page, random, chance):
 
 def shrunk(page, random, chance):
     factor = random.uniform(0.6, 0.75)
-    picture = drawn(page, _readable_scale(page, random, factor))
+    picture = page.picture(_readable_scale(page, random, factor))
     way = random.choice([cv2.INTER_AREA, cv2.INTER_LINEAR])
     return cv2.resize(picture, None, fx=factor, fy=factor, interpolation=way), random.choice([None, 85])
 
 
 def jpeg_low(page, random, chance):
-    return drawn(page, _readable_scale(page, random, 1)), random.randint(30, 50)
+    return page.picture(_readable_scale(page, random, 1)), random.randint(30, 50)
 
 
 def turned(page, random, chance, quarters=None):
-    picture = drawn(page, _readable_scale(page, random, 1))
+    picture = page.picture(_readable_scale(page, random, 1))
     quarters = quarters or random.choice([1, 2, 3])
     return numpy.ascontiguousarray(numpy.rot90(picture, -quarters)), random.choice([None, 90])
+
+
+def scanned(page, random, chance):
+    """What an office scanner makes of the printed page: a little askew, grey or in colours."""
+    picture = page.picture(_readable_scale(page, random, 1))
+    height, width = picture.shape[:2]
+    matrix = cv2.getRotationMatrix2D((width / 2, height / 2), random.uniform(-0.8, 0.8), 1)
+    edge = [int(255 * part) for part in reversed(page.look.ground)]
+    picture = cv2.warpAffine(picture, matrix, (width, height), flags=cv2.INTER_LINEAR, borderValue=edge)
+    if random.random() < 0.6:
+        picture = cv2.cvtColor(picture, cv2.COLOR_BGR2GRAY)[..., None]
+    return _noise(picture, chance, random.uniform(0.5, 3)).squeeze()
 
 
 def screenshot(kind, page, random):
     phone = page.width < 500
     scale = {"1x": 1, "2x": 2, "3x": 3 if phone else 2}.get(kind) or (
         random.choice([2, 3]) if phone else random.choice([1, 1.5, 2]))
-    return drawn(page, scale), random.randint(85, 95) if kind == "jpeg" else None
+    return page.picture(scale), random.randint(85, 95) if kind == "jpeg" else None
 
 
 def picture(kind, page, random):

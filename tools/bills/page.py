@@ -8,11 +8,13 @@ import math
 
 import cairo
 import gi
+import numpy
 
 gi.require_version("Pango", "1.0")
 gi.require_version("PangoCairo", "1.0")
 from gi.repository import Pango, PangoCairo  # noqa: E402
 
+import pdf_files  # noqa: E402
 import rows  # noqa: E402
 
 
@@ -117,6 +119,19 @@ class Page:
 
     def smallest_size(self):
         return min(piece.size for piece in self.pieces)
+
+    def picture(self, scale):
+        """The page's pixels at that scale, blue first."""
+        size = [math.ceil(length * scale) for length in (self.width, self.height)]
+        surface = cairo.ImageSurface(cairo.FORMAT_RGB24, *size)
+        self.show(surface, scale)
+        surface.flush()
+        pixels = numpy.frombuffer(surface.get_data(), numpy.uint8).reshape(size[1], -1, 4)
+        return numpy.ascontiguousarray(pixels[:, :size[0], :3])
+
+    def document(self):
+        """The page as a PDF file with a text layer."""
+        return pdf_files.with_text([self])
 
     def show(self, surface, scale):
         """Draws the page on another surface, `scale` times as large."""

@@ -6,7 +6,6 @@ import struct
 import zlib
 
 import cv2
-import kinds
 import numpy
 from PIL import Image, TiffImagePlugin
 
@@ -44,7 +43,7 @@ def with_flipped_bytes(data, count=40):
 
 def transparent(page):
     """Only the letters are opaque."""
-    grey = numpy.asarray(Image.fromarray(kinds.drawn(page, 2)).convert("L"))
+    grey = numpy.asarray(Image.fromarray(page.picture(2)).convert("L"))
     picture = numpy.zeros(grey.shape + (4,), numpy.uint8)
     picture[..., 3] = 255 - grey
     return Image.fromarray(picture, "RGBA")
@@ -53,7 +52,7 @@ def transparent(page):
 def add(samples):
     def bill(layout, width=390):
         page, truth, _ = samples.bill(f"hazard {layout}", layout, width=width)
-        picture = Image.fromarray(cv2.cvtColor(kinds.drawn(page, 2), cv2.COLOR_BGR2RGB))
+        picture = Image.fromarray(cv2.cvtColor(page.picture(2), cv2.COLOR_BGR2RGB))
         return page, picture, truth | {"kind": "2x", "group": "hazards"}
 
     def keep(name, data, purpose, truth=None):
@@ -125,7 +124,7 @@ def stacked(samples):
     parts = [samples.bill(f"tall {i}", layout, width=390)[:2]
              for i, layout in enumerate(("payment-result", "message", "order-details",
                                          "purchase-history"))]
-    pictures = [kinds.drawn(page, 2) for page, _ in parts]
+    pictures = [page.picture(2) for page, _ in parts]
     truths = [truth for _, truth in parts]
     fields = {key: [text for told in truths for text in told["fields"][key]]
               for key in ("amounts", "dates", "dates_printed")}

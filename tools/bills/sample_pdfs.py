@@ -8,7 +8,6 @@ import subprocess
 import tempfile
 
 import cv2
-import kinds
 import numpy
 import pdf_files
 from pdf_files import Blank, Scan
@@ -55,7 +54,7 @@ def printed_by_browser():
 
 def grey_scan(page, random, **options):
     """The page as a scanner sees it at 150 dots an inch."""
-    picture = kinds.drawn(page, 1240 / page.width if page.width > 500 else 2)
+    picture = page.picture(1240 / page.width if page.width > 500 else 2)
     grey = cv2.cvtColor(picture, cv2.COLOR_BGR2GRAY)
     noise = numpy.random.RandomState(random.getrandbits(32)).normal(0, 1.5, grey.shape)
     return Scan(numpy.clip(grey + noise, 0, 255).astype(numpy.uint8), **options)
@@ -124,12 +123,12 @@ def add(samples):
     keep("cut-text-layer", text[:len(text) // 2], "the second half is missing, page tree and all")
     keep("wrong-cross-reference", re.sub(rb"startxref\n\d+", b"startxref\n7", scan_file),
          "the place of the cross-reference table is wrong; its objects are whole", invoice_truth)
-    keep("picture-named-as-document", cv2.imencode(".png", kinds.drawn(store, 1))[1].tobytes(),
+    keep("picture-named-as-document", cv2.imencode(".png", store.picture(1))[1].tobytes(),
          "a PNG picture that is called a PDF document")
 
 
 def on_its_side(page):
-    picture = cv2.cvtColor(kinds.drawn(page, 1240 / page.width), cv2.COLOR_BGR2GRAY)
+    picture = cv2.cvtColor(page.picture(1240 / page.width), cv2.COLOR_BGR2GRAY)
     return Scan(numpy.ascontiguousarray(numpy.rot90(picture)), rotate=90)
 
 
