@@ -81,9 +81,12 @@ Truth readTruth(const QString &path) {
         throw std::runtime_error("cannot read " + path.toStdString());
     const QJsonObject object = QJsonDocument::fromJson(file.readAll()).object();
     const QJsonObject fields = object[u"fields"_s].toObject();
-    Truth truth = {
-        object[u"kind"_s].toString(),  object[u"group"_s].toString(), {},
-        textsOf(fields[u"amounts"_s]), textsOf(fields[u"dates"_s]),   fields[u"name"_s].toString()};
+    Truth truth = {object[u"kind"_s].toString(),
+                   object[u"group"_s].toString(),
+                   {},
+                   textsOf(fields[u"amounts"_s]),
+                   textsOf(fields[u"dates_printed"_s]),
+                   fields[u"name"_s].toString()};
     for (const QJsonValue &row : object[u"rows"_s].toArray())
         truth.rows.append(textsOf(row));
     return truth;

@@ -15,7 +15,7 @@ namespace tovarin {
 namespace {
 
 // Within one of these groups the letters of many fonts look the same.
-constexpr std::array<QStringView, 3> confusables = {u"Il1|", u"O0o", u"S$5"};
+constexpr std::array<QStringView, 3> confusables = {u"Il1|", u"O0", u"S$5"};
 
 // Words of services and of their bills with such letters in them, as they are written. Sorted.
 constexpr QStringView lexicon[] = {
@@ -26,13 +26,25 @@ constexpr QStringView lexicon[] = {
     u"IQ",        u"ISBN",     u"IT",       u"Illustrator", u"In",      u"Inc",
     u"Include",   u"Included", u"Includes", u"Individual",  u"Info",    u"Information",
     u"Instagram", u"Intel",    u"Invoice",  u"Is",          u"Issue",   u"Issued",
-    u"It",        u"Item",     u"Items",    u"LTE",         u"OK",      u"Office",
-    u"On",        u"One",      u"Online",   u"Only",        u"OpenAI",  u"Order",
-    u"TOTAL",     u"VIP",      u"XAI",      u"iCloud",      u"iOS",     u"iPad",
-    u"iPhone",    u"iQIYI",    u"xAI"};
+    u"It",        u"Item",     u"Items",    u"LTE",         u"OK",      u"October",
+    u"Office",    u"On",       u"One",      u"Online",      u"Only",    u"OpenAI",
+    u"Order",     u"TOTAL",    u"VIP",      u"XAI",         u"iCloud",  u"iOS",
+    u"iPad",      u"iPhone",   u"iQIYI",    u"xAI"};
 
 bool isKnown(QStringView word) {
     return std::ranges::find(lexicon, word) != std::end(lexicon);
+}
+
+// Words that "Al" stands before as a name or an article, so that it is no AI.
+constexpr QStringView afterAl[] = {u"Dente", u"Fresco", u"Jazeera", u"Pastor"};
+
+/// Whether the word up to `end` is such an "Al".
+bool isProperAl(const Glyphs &glyphs, Glyphs::const_iterator begin, Glyphs::const_iterator end) {
+    if (textOf(Glyphs(begin, end)) != QStringLiteral("Al"))
+        return false;
+    const QString rest = textOf(Glyphs(end, glyphs.end())).trimmed();
+    return std::ranges::any_of(afterAl,
+                               [&rest](QStringView word) { return rest.startsWith(word); });
 }
 
 QStringView groupOf(const QString &character) {
@@ -98,10 +110,64 @@ void settleDollars(Glyphs &glyphs) {
     }
 }
 
+/// Exchanges a glyph if the model held the other character possible.
+void settle(Glyph &glyph, const QString &character) {
+    if (alternatives(glyph).contains(character))
+        glyph.text = character;
+}
+
+/// No word begins with a small l and a consonant, or with a zero and letters.
+void settleInitial(std::ranges::subrange<Glyphs::iterator> word) {
+    if (word.size() < 3)
+        return;
+    const auto isLetter = [&word](std::ptrdiff_t i) {
+        return isLatinLetter(codePoint(word[i].text));
+    };
+    const QString second = word[1].text;
+    if (word[0].text == QStringLiteral("l") && isLetter(1) && second.at(0).isLower() &&
+        !QStringView(u"aeiouyáéíóúàèêëîôöü").contains(second.at(0)))
+        settle(word[0], QStringLiteral("I"));
+    else if (word[0].text == QStringLiteral("0") && isLetter(1) && isLetter(2))
+        settle(word[0], QStringLiteral("O"));
+}
+
+// Names of services with characters that the model mixes up.
+constexpr QStringView names[] = {u"哔哩哔哩", u"优酷",   u"爱奇艺",   u"网易云音乐", u"百度网盘",
+                                 u"腾讯视频", u"芒果TV", u"喜马拉雅", u"知乎盐选",   u"阿里云盘"};
+
+/// How many characters of a name stand at the glyph; none when another one is neither it nor may be
+/// it.
+qsizetype matches(const Glyphs &glyphs, std::size_t first, QStringView name) {
+    qsizetype count = 0;
+    for (qsizetype i = 0; i < name.size(); ++i) {
+        const Glyph &glyph = glyphs[first + static_cast<std::size_t>(i)];
+        const auto isThis = [&](const GlyphReading &reading) { return reading.text == name[i]; };
+        if (glyph.text == name[i])
+            ++count;
+        else if (std::ranges::none_of(glyph.others, isThis))
+            return 0;
+    }
+    return count;
+}
+
+void settleNames(Glyphs &glyphs) {
+    for (const QStringView name : names) {
+        const auto size = static_cast<std::size_t>(name.size());
+        for (std::size_t first = 0; first + size <= glyphs.size(); ++first) {
+            const qsizetype count = matches(glyphs, first, name);
+            if (2 * count < name.size() || count == name.size())
+                continue;
+            for (std::size_t i = 0; i < size; ++i)
+                glyphs[first + i].text = name[static_cast<qsizetype>(i)];
+        }
+    }
+}
+
 } // namespace
 
 Glyphs withSettledLetters(Glyphs glyphs) {
     settleDollars(glyphs);
+    settleNames(glyphs);
     for (auto begin = glyphs.begin(); begin != glyphs.end();) {
         if (!isOfWord(*begin)) {
             ++begin;
@@ -109,9 +175,12 @@ Glyphs withSettledLetters(Glyphs glyphs) {
         }
         const auto end = std::find_if_not(begin, glyphs.end(), isOfWord);
         const std::ranges::subrange word(begin, end);
-        if (const auto spelling = knownSpelling(word)) {
+        const auto spelling = isProperAl(glyphs, begin, end) ? std::nullopt : knownSpelling(word);
+        if (spelling) {
             for (qsizetype i = 0; i < spelling->size(); ++i)
                 begin[i].text = spelling->at(i);
+        } else {
+            settleInitial(word);
         }
         begin = end;
     }

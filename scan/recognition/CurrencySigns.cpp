@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace tovarin {
 
@@ -56,12 +57,46 @@ bool isLookAlike(const Glyphs &glyphs, std::size_t i) {
            (!isLatinLetter(characterAt(glyphs, i - 1)) && !isDigit(characterAt(glyphs, i - 1)));
 }
 
-/// Whether the ink before a number has the shape of a sign that belongs to it.
-bool mayBeSign(const InkRun &ink, const InkRun &digit, float textHeight) {
-    const auto width = static_cast<float>(ink.width());
+/// How far the digits of the price at `first` stand apart, in columns.
+float pitchOf(const Glyphs &glyphs, std::size_t first, const InkProfile &ink) {
+    float least = 0.55F * static_cast<float>(ink.textHeight());
+    for (std::size_t i = first; i + 1 < glyphs.size() && isDigit(characterAt(glyphs, i + 1)); ++i) {
+        const float apart =
+            (glyphs[i + 1].position - glyphs[i].position) * static_cast<float>(ink.width());
+        least = std::min(least, apart);
+    }
+    return std::max(least, 4.F);
+}
+
+/// The ink right before the digit at `column`: the run before the digit's own, or the beginning of
+/// that one when it reaches far to the left, because the sign touches the digit.
+std::optional<InkRun> inkBefore(float column, float pitch, const InkProfile &ink) {
+    const int digit = ink.nearestRun(column, 10);
+    if (digit < 0)
+        return std::nullopt;
+    const InkRun &own = ink.runs()[static_cast<std::size_t>(digit)];
+    const auto at = [column, pitch](float pitches) {
+        return static_cast<int>(column - pitches * pitch);
+    };
+    if (own.begin < at(1) && at(0.8F) > own.begin) {
+        const int cut = ink.emptiestColumn(at(0.8F), std::max(at(0.35F), at(0.8F) + 1));
+        if (cut > own.begin)
+            return ink.part(own.begin, cut);
+    }
+    if (digit == 0)
+        return std::nullopt;
+    const InkRun &before = ink.runs()[static_cast<std::size_t>(digit) - 1];
+    if (static_cast<float>(own.begin - before.end) > 0.9F * static_cast<float>(ink.textHeight()))
+        return std::nullopt;
+    return before;
+}
+
+/// Whether ink has the size of a currency sign.
+bool mayBeSign(const InkRun &run, const InkProfile &ink) {
+    const auto width = static_cast<float>(run.width());
+    const auto textHeight = static_cast<float>(ink.textHeight());
     return width >= 0.18F * textHeight && width <= 1.1F * textHeight &&
-           static_cast<float>(digit.begin - ink.end) <= 0.5F * textHeight &&
-           static_cast<float>(ink.height()) >= 0.7F * static_cast<float>(digit.height());
+           static_cast<float>(run.height()) >= 0.6F * textHeight;
 }
 
 cv::Mat pictureOf(const InkRun &run, const InkProfile &ink, const cv::Mat &line) {
@@ -78,7 +113,6 @@ cv::Mat pictureOf(const InkRun &run, const InkProfile &ink, const cv::Mat &line)
 Glyphs withCurrencySigns(Glyphs glyphs, const InkProfile &ink, const cv::Mat &line,
                          const ReadSign &readSign) {
     const auto width = static_cast<float>(ink.width());
-    const auto textHeight = static_cast<float>(ink.textHeight());
     for (std::size_t i = 0; i < glyphs.size(); ++i) {
         if (!isPriceAt(glyphs, i))
             continue;
@@ -86,32 +120,20 @@ Glyphs withCurrencySigns(Glyphs glyphs, const InkProfile &ink, const cv::Mat &li
         const bool lookAlike = before >= 0 && isLookAlike(glyphs, static_cast<std::size_t>(before));
         if (before >= 0 && isCurrencySign(characterAt(glyphs, static_cast<std::size_t>(before))))
             continue;
-        const int digit = ink.nearestRun(glyphs[i].position * width, 10);
-        if (digit < 1)
+        const float column = glyphs[i].position * width;
+        const auto candidate = inkBefore(column, pitchOf(glyphs, i, ink), ink);
+        if (!candidate || !mayBeSign(*candidate, ink))
             continue;
-        int accountedFor = -1;
-        if (before >= 0 && !lookAlike) {
-            const float column = glyphs[static_cast<std::size_t>(before)].position * width;
-            float nearest = width;
-            for (int run = 0; run < digit; ++run) {
-                const float away =
-                    InkProfile::distance(column, ink.runs()[static_cast<std::size_t>(run)]);
-                if (away < nearest) {
-                    nearest = away;
-                    accountedFor = run;
-                }
-            }
-        }
-        if (digit - 1 <= accountedFor)
+        // A character that was read accounts for the ink it stands in, and for all before.
+        if (before >= 0 && !lookAlike &&
+            glyphs[static_cast<std::size_t>(before)].position * width >
+                static_cast<float>(candidate->begin))
             continue;
-        const InkRun &candidate = ink.runs()[static_cast<std::size_t>(digit - 1)];
-        if (!mayBeSign(candidate, ink.runs()[static_cast<std::size_t>(digit)], textHeight))
-            continue;
-        const QString sign = readSign(pictureOf(candidate, ink, line));
+        const QString sign = readSign(pictureOf(*candidate, ink, line));
         if (sign.isEmpty())
             continue;
         const Glyph glyph = {
-            sign, 0.5F, static_cast<float>(candidate.begin + candidate.end) / 2 / width, {}};
+            sign, 0.5F, static_cast<float>(candidate->begin + candidate->end) / 2 / width, {}};
         const auto at = glyphs.begin() + (lookAlike ? before : static_cast<std::ptrdiff_t>(i));
         if (lookAlike) {
             glyphs.erase(at + 1, glyphs.begin() + static_cast<std::ptrdiff_t>(i));

@@ -34,17 +34,12 @@ std::vector<int> counts(const cv::Mat &ink, int dimension) {
     return {sums.begin<int>(), sums.end<int>()};
 }
 
-InkRun runOf(const cv::Mat &ink, int begin, int end) {
-    const cv::Rect box = cv::boundingRect(ink.colRange(begin, end));
-    return {begin, end, box.y, box.y + box.height};
-}
-
 } // namespace
 
 InkProfile::InkProfile(const cv::Mat &line)
     : m_width(std::max(8, static_cast<int>(std::ceil(1.0 * height * line.cols / line.rows)))) {
-    const cv::Mat ink = inkOf(line, {m_width, height});
-    const std::vector<int> columns = counts(ink, 0);
+    m_ink = inkOf(line, {m_width, height});
+    const std::vector<int> columns = counts(m_ink, 0);
     for (int x = 0; x < m_width;) {
         const auto inked = [&columns](int column) {
             return columns[static_cast<std::size_t>(column)] >= 2;
@@ -57,14 +52,25 @@ InkProfile::InkProfile(const cv::Mat &line)
         while (x < m_width && inked(x))
             ++x;
         if (x - begin >= 2 || columns[static_cast<std::size_t>(begin)] > 4)
-            m_runs.push_back(runOf(ink, begin, x));
+            m_runs.push_back(part(begin, x));
     }
 
-    const std::vector<int> rows = counts(ink, 1);
+    const std::vector<int> rows = counts(m_ink, 1);
     const auto inked = [this](int count) { return count > std::max(2, m_width / 100); };
     const auto first = std::ranges::find_if(rows, inked);
     const auto last = std::ranges::find_if(rows.rbegin(), rows.rend(), inked);
+    m_textTop = static_cast<int>(first - rows.begin());
     m_textHeight = std::max(leastTextHeight, static_cast<int>(last.base() - first));
+}
+
+InkRun InkProfile::part(int begin, int end) const {
+    const cv::Rect box = cv::boundingRect(m_ink.colRange(begin, end));
+    return {begin, end, box.y, box.y + box.height};
+}
+
+int InkProfile::emptiestColumn(int begin, int end) const {
+    const std::vector<int> columns = counts(m_ink.colRange(begin, end), 0);
+    return begin + static_cast<int>(std::ranges::min_element(columns) - columns.begin());
 }
 
 float InkProfile::distance(float column, const InkRun &run) {

@@ -33,8 +33,17 @@ public:
     /// From left to right; specks are left out.
     const std::vector<InkRun> &runs() const { return m_runs; }
 
+    /// The first row with ink worth the name.
+    int textTop() const { return m_textTop; }
+
     /// From the top of the highest letter to the foot of the lowest; at least 12.
     int textHeight() const { return m_textHeight; }
+
+    /// The ink of some columns, as if it were a run of its own. `begin` < `end`.
+    InkRun part(int begin, int end) const;
+
+    /// Of some columns, the first one with the least ink. `begin` < `end`.
+    int emptiestColumn(int begin, int end) const;
 
     /// How far a column lies from a run; 0 inside it.
     static float distance(float column, const InkRun &run);
@@ -43,8 +52,10 @@ public:
     int nearestRun(float column, float limit) const;
 
 private:
+    cv::Mat m_ink; ///< White on black.
     int m_width;
     std::vector<InkRun> m_runs;
+    int m_textTop;
     int m_textHeight;
 };
 

@@ -6,6 +6,7 @@
 #include "scan/recognition/ConfusableLetters.h"
 #include "scan/recognition/CurrencySigns.h"
 #include "scan/recognition/InkProfile.h"
+#include "scan/recognition/MaskedDigits.h"
 #include "scan/recognition/ReadingOrder.h"
 #include "scan/recognition/Rectification.h"
 #include "scan/recognition/WordSpaces.h"
@@ -76,7 +77,7 @@ NeuralTextRecognizer::Piece NeuralTextRecognizer::readPiece(LineReader &reader, 
             glyph.text = QStringLiteral("¥");
     }
     const InkProfile ink(line);
-    glyphs = withSettledLetters(withWordSpaces(glyphs, ink));
+    glyphs = withSettledLetters(withMaskedDigits(withWordSpaces(glyphs, ink), ink));
     glyphs = withCurrencySigns(std::move(glyphs), ink, line,
                                [this](const cv::Mat &sign) { return m_signs.read(sign); });
     return {box, std::move(glyphs), confidence};

@@ -23,7 +23,7 @@ std::optional<float> gapForBlank(char32_t before, char32_t after) {
     if (isFullWidth(before) || isFullWidth(after) || isCurrencySign(before))
         return std::nullopt;
     const auto isOfNumber = [](char32_t c) {
-        return isDigit(c) || c == U'.' || c == U'-' || c == U'/' || c == U':';
+        return isDigit(c) || c == U'.' || c == U',' || c == U'-' || c == U'/' || c == U':';
     };
     if (isOfNumber(before) && isOfNumber(after))
         return 0.5F;

@@ -5,6 +5,7 @@
 
 #include "scan/recognition/ConfusableLetters.h"
 #include "scan/recognition/CurrencySigns.h"
+#include "scan/recognition/MaskedDigits.h"
 #include "scan/recognition/WordSpaces.h"
 #include "tests/support/Printing.h"
 
@@ -156,6 +157,26 @@ TEST(CurrencySignsTest, TakeThePlaceOfTheLetterTheyWereTakenFor) {
               u"€9.99"_s);
 }
 
+TEST(CurrencySignsTest, AreReadThoughTheyTouchTheirPrice) {
+    Line line(u"x9.99"_s, u"_9.99"_s);
+    const cv::Rect gap(10 + Line::block, Line::top + 10, Line::step - Line::block, 4);
+    line.picture(gap).setTo(cv::Scalar::all(0));
+    ASSERT_EQ(InkProfile(line.picture).runs().size(), 4U);
+    const auto sign = [](const cv::Mat &picture) {
+        EXPECT_LE(picture.cols, Line::step + 2);
+        return u"€"_s;
+    };
+    EXPECT_EQ(textOf(withCurrencySigns(line.glyphs, InkProfile(line.picture), line.picture, sign)),
+              u"€9.99"_s);
+}
+
+TEST(CurrencySignsTest, MayStandABlankBeforeTheirPrice) {
+    const Line line(u"x 9.99"_s, u"_9.99"_s);
+    const auto sign = [](const cv::Mat &) { return u"£"_s; };
+    EXPECT_EQ(textOf(withCurrencySigns(line.glyphs, InkProfile(line.picture), line.picture, sign)),
+              u"£9.99"_s);
+}
+
 TEST(CurrencySignsTest, AreNeverInvented) {
     const auto nothing = [](const cv::Mat &) { return QString(); };
     const auto refused = [](const cv::Mat &) -> QString {
@@ -175,7 +196,7 @@ TEST(CurrencySignsTest, AreNeverInvented) {
     for (const auto &[ink, read] :
          {std::pair(u"x1999"_s, u"_1999"_s), std::pair(u"x9.99"_s, u"¥9.99"_s),
           std::pair(u"ab9.99"_s, u"ab9.99"_s), std::pair(u"9.99"_s, u"9.99"_s),
-          std::pair(u"x  9.99"_s, u"_9.99"_s)}) {
+          std::pair(u"x   9.99"_s, u"_9.99"_s)}) {
         const Line line(ink, read);
         EXPECT_EQ(
             textOf(withCurrencySigns(line.glyphs, InkProfile(line.picture), line.picture, refused)),
@@ -218,6 +239,56 @@ TEST(ConfusableLettersTest, AreSettledByKnownWords) {
     EXPECT_EQ(settled(u"0ne"_s), u"One"_s);
     EXPECT_EQ(settled(u"Total"_s), u"Total"_s);
     EXPECT_EQ(settled(u""_s), u""_s);
+}
+
+TEST(ConfusableLettersTest, AreSettledWhereNoWordCanBeginLikeThis) {
+    EXPECT_EQ(settled(u"llford lmprint lnk"_s), u"Ilford Imprint Ink"_s);
+    EXPECT_EQ(settled(u"15 0ct 2023"_s), u"15 Oct 2023"_s);
+    EXPECT_EQ(settled(u"late lyric lL 0x 0 l"_s), u"late lyric lL 0x 0 l"_s);
+}
+
+TEST(ConfusableLettersTest, KeepAlWhereItIsPartOfAName) {
+    EXPECT_EQ(settled(u"Al Dente"_s), u"Al Dente"_s);
+    EXPECT_EQ(settled(u"Al Lantern"_s), u"AI Lantern"_s);
+}
+
+TEST(ConfusableLettersTest, AreSettledInNamesOfServices) {
+    Glyphs glyphs;
+    for (const QString &character : {u"哗"_s, u"哩"_s, u"哗"_s, u"哩"_s})
+        glyphs.push_back(glyph(character, {u"哔"_s}));
+    EXPECT_EQ(textOf(withSettledLetters(glyphs)), u"哔哩哔哩"_s);
+    glyphs[2].others.clear();
+    EXPECT_EQ(textOf(withSettledLetters(glyphs)), u"哗哩哗哩"_s);
+}
+
+TEST(MaskedDigitsTest, AreAsManyAsTheInkShows) {
+    Line line(u"ab    1234"_s, u"ab1234"_s, 20);
+    const int first = 10 + 2 * Line::step;
+    for (int dot = 0; dot < 4; ++dot)
+        line.picture(cv::Rect(first + 12 + 14 * dot, Line::top + 9, 6, 6))
+            .setTo(cv::Scalar::all(0));
+    const InkProfile ink(line.picture);
+    const auto read = [&](const QString &dots) {
+        Glyphs glyphs = line.glyphs;
+        for (const QChar dot : dots)
+            glyphs.insert(glyphs.end() - 4, Glyph{dot, 1, 0.4F, {}});
+        return textOf(withMaskedDigits(glyphs, ink));
+    };
+    EXPECT_EQ(read(u".."_s), u"ab•••• 1234"_s);
+    EXPECT_EQ(read(u" ·.... "_s), u"ab •••• 1234"_s);
+    EXPECT_EQ(read(u"."_s), u"ab.1234"_s);
+    EXPECT_EQ(read(QString()), u"ab1234"_s);
+}
+
+TEST(MaskedDigitsTest, AreNotFullStops) {
+    Line line(u"ab    1234"_s, u"ab1234"_s, 20);
+    for (int dot = 0; dot < 4; ++dot)
+        line.picture(cv::Rect(62 + 14 * dot, Line::top + Line::height - 6, 6, 6))
+            .setTo(cv::Scalar::all(0));
+    Glyphs glyphs = line.glyphs;
+    for (int dot = 0; dot < 3; ++dot)
+        glyphs.insert(glyphs.end() - 4, Glyph{u"."_s, 1, 0.4F, {}});
+    EXPECT_EQ(textOf(withMaskedDigits(glyphs, InkProfile(line.picture))), u"ab...1234"_s);
 }
 
 TEST(ConfusableLettersTest, StayWhereTheModelSawNothingElse) {
