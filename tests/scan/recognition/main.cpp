@@ -7,6 +7,7 @@
 
 /// Drawing texts needs an application with fonts.
 int main(int argc, char **argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     const QGuiApplication application(argc, argv);
     return RUN_ALL_TESTS();
