@@ -85,6 +85,9 @@ def add(samples):
 
     _, other, other_truth = bill("purchase")
     keep("bill.gif", encoded(other.quantize(64), "GIF"), "GIF", other_truth)
+    keep("animated.gif", encoded(other.quantize(64), "GIF", save_all=True, duration=500, loop=0,
+                                 append_images=[Image.new("P", other.size)]),
+         "the bill and then a flat picture, in turn; the truth is the first one's", other_truth)
     keep("bill.webp", encoded(other, "WEBP", quality=80), "WebP, lossy", other_truth)
     keep("bill-lossless.webp", encoded(other, "WEBP", lossless=True), "WebP, lossless", other_truth)
     TiffImagePlugin.WRITE_LIBTIFF = False
@@ -94,6 +97,7 @@ def add(samples):
 
     keep("jpeg-named.png", jpeg, "a JPEG that is called PNG", truth)
     keep("png-named.jpg", png, "a PNG that is called JPEG", truth)
+    keep("document-named.png", page.document(), "a PDF document that is called PNG")
     keep("UPPER-CASE.PNG", png, "an ending in capitals", truth)
     keep("账单 with blanks & 'quotes'.png", png, "a name that needs care", truth)
 

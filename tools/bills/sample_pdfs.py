@@ -49,7 +49,7 @@ def printed_by_browser():
                         f"--user-data-dir={folder}/profile", "--print-to-pdf=bill.pdf", "bill.html"],
                        check=True, cwd=folder, stderr=subprocess.DEVNULL)
         with open(os.path.join(folder, "bill.pdf"), "rb") as file:
-            return re.sub(rb"Date \(D:\d{14}", b"Date (D:20250308120000", file.read())
+            return pdf_files.dated(file.read())
 
 
 def grey_scan(page, random, **options):

@@ -8,7 +8,9 @@ CLEAN = {"payment-result": ["1x", "3x"], "e-mail-receipt": ["1x", "2x"], "settin
          "invoice": ["1x"], "store-receipt": ["3x", "dark"], "subscription-management": ["2x", "dark"],
          "order-details": ["3x", "jpeg"], "message": ["1x"], "purchase": ["3x", "jpeg"],
          "purchase-history": ["2x"], "service-invoice": ["1x", "jpeg"], "billing-page": ["1x", "dark"],
-         "statement": ["jpeg"], "licence": ["2x"], "mixed": ["2x"], "paper-invoice": ["1x"]}
+         "statement": ["jpeg"], "licence": ["2x"], "mixed": ["2x"], "paper-invoice": ["1x"],
+         "web-store-receipt": ["1x", "dark"], "web-account": ["1x", "2x"],
+         "web-payment-mail": ["2x"], "web-carrier-bill": ["1x"]}
 DEGRADED = {"payment-result": ["photographed", "turned"], "e-mail-receipt": ["photographed", "blurred"],
             "settings": ["shrunk"], "invoice": ["rotated", "photographed"],
             "store-receipt": ["rotated", "jpeg-low"], "subscription-management": ["shrunk", "blurred"],
@@ -16,7 +18,9 @@ DEGRADED = {"payment-result": ["photographed", "turned"], "e-mail-receipt": ["ph
             "purchase": ["turned", "jpeg-low"], "purchase-history": ["rotated"],
             "service-invoice": ["photographed", "turned"], "billing-page": ["shrunk"],
             "statement": ["rotated"], "licence": ["blurred", "jpeg-low"], "mixed": ["photographed"],
-            "paper-invoice": ["shrunk", "turned"]}
+            "paper-invoice": ["shrunk", "turned"], "web-store-receipt": ["photographed"],
+            "web-account": ["shrunk"], "web-payment-mail": ["blurred"],
+            "web-carrier-bill": ["jpeg-low"]}
 SHOWN = {"1x": "at the size of the screen",
          "2x": "drawn twice as large",
          "3x": "drawn three times as large",

@@ -14,6 +14,7 @@ import tempfile
 
 import cv2
 import numpy
+import pdf_files
 import rows
 from page import DoesNotFit
 
@@ -127,6 +128,5 @@ class WebPage:
         return cv2.imdecode(numpy.frombuffer(png, numpy.uint8), cv2.IMREAD_COLOR)
 
     def document(self):
-        """The page as the browser prints it: a PDF of one page, dated as all samples are."""
-        return re.sub(rb"Date \(D:\d{14}", b"Date (D:20250308120000",
-                      self._browse(1, self.height, "--print-to-pdf", "bill.pdf"))
+        """The page as the browser prints it: a PDF file of one page."""
+        return pdf_files.dated(self._browse(1, self.height, "--print-to-pdf", "bill.pdf"))
