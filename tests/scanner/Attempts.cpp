@@ -128,6 +128,9 @@ const std::vector<Attempt> &attempts() {
 #endif
         {"read a stream that was open", EBADF, [] { return result(fcntl(100, F_GETFD)); }},
 
+        {"write to a file that was open", EFBIG,
+         [] { return result(write(STDERR_FILENO, "y", 1)); }},
+
         {"socket inet", EPERM, [] { return socketOf(AF_INET); }},
         {"socket inet6", EPERM, [] { return socketOf(AF_INET6); }},
         {"socket unix", EPERM, [] { return socketOf(AF_UNIX); }},

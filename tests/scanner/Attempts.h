@@ -15,7 +15,8 @@ struct Attempt {
     int inside;
 
     /// Tries, and gives 0 or the errno. Runs in a folder of its own with a file "file" and an empty
-    /// folder "folder"; descriptor 100 was open before the sandbox.
+    /// folder "folder"; before the sandbox, descriptor 100 was opened, and the
+    /// file to write as standard error.
     int (*make)();
 };
 

@@ -11,6 +11,7 @@
 #include "tests/scanner/Attempts.h"
 
 #include <cstdlib>
+#include <fcntl.h>
 #include <future>
 #include <iostream>
 #include <poll.h>
@@ -57,6 +58,7 @@ int leaveOrphan() {
 int main(int argc, char **argv) {
     const std::string_view mode = argc > 1 ? argv[1] : "";
     dup2(STDOUT_FILENO, 100);
+    dup2(open("file", O_WRONLY | O_CLOEXEC), STDERR_FILENO);
     if (mode == "orphan")
         return leaveOrphan();
     const Attempt *attempt = argc > 2 ? &attempts().at(std::stoul(argv[2])) : nullptr;
