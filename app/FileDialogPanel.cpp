@@ -3,8 +3,12 @@
 
 #include "app/FileDialogPanel.h"
 
+#include "app/LocalizationManager.h"
+
 #include <QFileDialog>
 #include <QGuiApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
 #include <QWindow>
 
 using namespace Qt::Literals::StringLiterals;
@@ -12,6 +16,12 @@ using namespace Qt::Literals::StringLiterals;
 namespace tovarin {
 
 QList<QUrl> FileDialogPanel::run(const Request &request) {
+    // English is what Qt's own dialog speaks by itself. Gone with the dialog.
+    QTranslator chinese;
+    if (LocalizationManager::shared().isZh() &&
+        chinese.load(u"qtbase_zh_CN"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&chinese);
+
     QWindow *window = QGuiApplication::focusWindow();
     QFileDialog dialog;
     dialog.winId(); // Makes the window that the next line looks for.

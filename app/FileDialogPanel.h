@@ -9,6 +9,7 @@ namespace tovarin {
 
 /// The open panel as the desktop's own file dialog, or Qt's where the desktop has none. Such a
 /// dialog has no line for a message: it stands in the title, and names the kind of files shown.
+/// Qt's dialog speaks the language of the moment.
 /// Needs a QApplication.
 class FileDialogPanel final : public OpenPanel {
 public:

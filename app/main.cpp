@@ -1,11 +1,15 @@
 // SPDX-FileCopyrightText: The Tovarin developers
 // SPDX-License-Identifier: MIT
 
+#include "app/FileDialogPanel.h"
 #include "app/LocalizationManager.h"
 #include "model/Store.h"
 #include "platform/ApplicationSupport.h"
 #include "platform/Clock.h"
 #include "platform/UserCalendar.h"
+#include "scan/job/ScanJob.h"
+#include "scan/job/ScannerProgram.h"
+#include "ui/BillScanModel.h"
 #include "ui/ContentModel.h"
 
 #include <QApplication>
@@ -42,14 +46,18 @@ int main(int argc, char **argv) {
     const SystemClock clock;
     const UserCalendar calendar = UserCalendar::current(processEnvironment());
     const LocalizationManager &loc = LocalizationManager::shared();
-    const Store store(applicationSupportFolder(processEnvironment()), clock, calendar);
+    Store store(applicationSupportFolder(processEnvironment()), clock, calendar);
     ContentModel content(store, clock, calendar, loc);
     QObject::connect(&application, &QGuiApplication::applicationStateChanged, &content,
                      &ContentModel::noticeDay);
+    ScanJob scanJob(scannerProgram(QApplication::applicationDirPath()));
+    FileDialogPanel openPanel;
+    BillScanModel bills(scanJob, openPanel, store);
 
     QQmlApplicationEngine engine;
     engine.addImportPath(u"qrc:/"_s);
-    engine.setInitialProperties({{u"content"_s, QVariant::fromValue(&content)}});
+    engine.setInitialProperties(
+        {{u"content"_s, QVariant::fromValue(&content)}, {u"bills"_s, QVariant::fromValue(&bills)}});
     engine.load(QUrl(u"qrc:/Tovarin/Main.qml"_s));
     if (engine.rootObjects().isEmpty())
         return EXIT_FAILURE;

@@ -9,6 +9,7 @@ Column {
     id: root
 
     required property ContentModel content
+    required property BillScanModel bills
 
     readonly property bool isZh: LocalizationManager.isZh
 
@@ -19,6 +20,7 @@ Column {
     HeroView {
         width: root.width - 2 * Theme.pageMargin
         content: root.content
+        bills: root.bills
     }
     UpcomingSection {
         width: root.width - 2 * Theme.pageMargin

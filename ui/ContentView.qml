@@ -9,6 +9,7 @@ FocusScope {
     id: root
 
     required property ContentModel content
+    required property BillScanModel bills
 
     readonly property bool isZh: LocalizationManager.isZh
 
@@ -106,6 +107,7 @@ FocusScope {
         header: ContentHeader {
             width: list.width
             content: root.content
+            bills: root.bills
         }
         delegate: SubscriptionRow {
             width: list.width
@@ -113,6 +115,22 @@ FocusScope {
         // qmllint enable unqualified
         footer: Item {
             implicitHeight: 20
+        }
+    }
+
+    DropArea {
+        anchors.fill: parent
+        keys: ["text/uri-list"]
+        onDropped: drop => drop.accepted = root.bills.handleDrop(drop.urls)
+
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: 6
+            visible: parent.containsDrag
+            radius: 14
+            color: "transparent"
+            border.width: 2
+            border.color: Theme.accent
         }
     }
 }

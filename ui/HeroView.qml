@@ -9,6 +9,7 @@ HUDSurface {
     id: root
 
     required property ContentModel content
+    required property BillScanModel bills
 
     readonly property bool isZh: LocalizationManager.isZh
     readonly property bool isWide: width >= 640
@@ -87,6 +88,29 @@ HUDSurface {
                 Layout.preferredWidth: 1
                 caption: root.isZh ? "近 7 天待扣" : "Due in 7d"
                 figure: root.content.dueCount
+            }
+        }
+
+        RowLayout {
+            Layout.columnSpan: root.isWide ? 2 : 1
+            Layout.fillWidth: true
+            spacing: 14
+
+            SoftButton {
+                prominent: true
+                enabled: !root.bills.isScanning
+                title: root.bills.isScanning
+                       ? (root.isZh ? "识别中 " : "Scanning ") + root.bills.filesDone + "/"
+                         + root.bills.filesTotal
+                       : root.isZh ? "扫描识别" : "Scan"
+                onClicked: root.bills.scanReceiptImages()
+            }
+            ThemeText {
+                Layout.fillWidth: true
+                visible: root.bills.foundNothing
+                text: root.isZh ? "没有识别到有效内容" : "Nothing recognized"
+                color: Theme.textSecondary
+                font.pixelSize: 13
             }
         }
     }

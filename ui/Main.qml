@@ -8,6 +8,7 @@ Window {
     id: root
 
     required property ContentModel content
+    required property BillScanModel bills
 
     width: 960
     height: 640
@@ -21,5 +22,6 @@ Window {
         anchors.fill: parent
         focus: true
         content: root.content
+        bills: root.bills
     }
 }

@@ -3,6 +3,7 @@
 
 #include "app/FileDialogPanel.h"
 
+#include "tests/support/LanguageScope.h"
 #include "tests/support/Printing.h"
 
 #include <QApplication>
@@ -85,6 +86,22 @@ TEST_F(FileDialogPanelTest, ShowsTheMessageAndTheAllowedFiles) {
         EXPECT_EQ(dialog.windowTitle(), several.message);
         EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFiles);
     });
+}
+
+TEST_F(FileDialogPanelTest, SpeaksTheLanguageOfTheMoment) {
+    const auto openButton = [](const OpenPanel::Request &request) {
+        QString text;
+        run(request, [&text](const QFileDialog &dialog) {
+            text = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Open)->text();
+        });
+        return text;
+    };
+    {
+        const LanguageScope scope(LocalizationManager::Lang::zh);
+        EXPECT_EQ(openButton(one), u"打开(&O)"_s);
+    }
+    const LanguageScope scope(LocalizationManager::Lang::en);
+    EXPECT_EQ(openButton(several), u"&Open"_s);
 }
 
 TEST_F(FileDialogPanelTest, GivesTheChosenFiles) {

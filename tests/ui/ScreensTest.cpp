@@ -5,20 +5,26 @@
 // level warning or worse fails the test.
 
 #include "model/Store.h"
+#include "tests/scan/job/ScanRun.h"
 #include "tests/support/LanguageScope.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/Printing.h"
 #include "tests/support/Samples.h"
+#include "tests/support/ScriptedPanel.h"
+#include "ui/BillScanModel.h"
 #include "ui/ContentModel.h"
 
 #include <QDir>
+#include <QDropEvent>
 #include <QFile>
 #include <QGuiApplication>
+#include <QMimeData>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickStyle>
 #include <QQuickWindow>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QtPlugin>
 
 #include <gtest/gtest.h>
@@ -44,9 +50,9 @@ void keepComplaints(QtMsgType type, const QMessageLogContext &, const QString &m
 void collectTexts(const QQuickItem &item, QStringList &texts) {
     if (!item.isVisible())
         return;
-    const QVariant text = item.property("text");
-    if (text.isValid())
-        texts.append(text.toString());
+    const QString text = item.property("text").toString();
+    if (!text.isEmpty())
+        texts.append(text);
     for (const QQuickItem *child : item.childItems())
         collectTexts(*child, texts);
 }
@@ -68,7 +74,9 @@ protected:
     void open() {
         store.emplace(folder.path(), clock, calendar);
         content.emplace(*store, clock, calendar, LocalizationManager::shared());
-        engine.setInitialProperties({{u"content"_s, QVariant::fromValue(&*content)}});
+        bills.emplace(job, panel, *store);
+        engine.setInitialProperties({{u"content"_s, QVariant::fromValue(&*content)},
+                                     {u"bills"_s, QVariant::fromValue(&*bills)}});
         engine.load(QUrl(u"qrc:/Tovarin/Main.qml"_s));
         ASSERT_EQ(engine.rootObjects().size(), 1);
         window = qobject_cast<QQuickWindow *>(engine.rootObjects().first());
@@ -91,6 +99,37 @@ protected:
     }
     qreal belowSight() const {
         return list().property("contentHeight").toReal() - aboveSight() - list().height();
+    }
+
+    /// The place of the only item in sight that shows the text, in the window.
+    QPoint placeOf(const QString &text) const {
+        QList<const QQuickItem *> waiting{window->contentItem()};
+        while (!waiting.isEmpty()) {
+            const QQuickItem &item = *waiting.takeFirst();
+            if (item.isVisible() && item.property("text") == text)
+                return item.mapToScene(item.boundingRect().center()).toPoint();
+            waiting.append({item.childItems().cbegin(), item.childItems().cend()});
+        }
+        ADD_FAILURE() << "nothing shows " << text.toStdString();
+        return {};
+    }
+
+    void click(const QString &text) {
+        QTest::mouseClick(window, Qt::LeftButton, {}, placeOf(text));
+        settle();
+    }
+
+    /// What the window does with files that are dropped on its middle.
+    bool drop(const QList<QUrl> &urls) {
+        QMimeData files;
+        files.setUrls(urls);
+        const QPoint middle(window->width() / 2, window->height() / 2);
+        QDragEnterEvent enter(middle, Qt::CopyAction, &files, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(window, &enter);
+        QDropEvent drop(middle, Qt::CopyAction, &files, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(window, &drop);
+        settle();
+        return drop.isAccepted();
     }
 
     void press(Qt::Key key) {
@@ -118,6 +157,9 @@ protected:
     UserCalendar calendar = calendarIn("Asia/Shanghai");
     std::optional<Store> store;
     std::optional<ContentModel> content;
+    ScanJob job{standInScanner(), amply};
+    ScriptedPanel panel{{}};
+    std::optional<BillScanModel> bills;
     QQmlApplicationEngine engine;
     QQuickWindow *window = nullptr;
 };
@@ -135,30 +177,22 @@ TEST_P(Screens, ShowTheSampleList) {
                                                   u"每年支出"_s,    u"¥4696.61"_s,
                                                   u"进行中"_s,      u"6"_s,
                                                   u"近 7 天待扣"_s, u"2"_s,
-                                                  u"即将扣费"_s,    u"未来 7 天"_s,
-                                                  u"晚灯影院"_s,    u"3 天后扣费"_s,
-                                                  u"¥25"_s,         u"晨跑俱乐部"_s,
-                                                  u"6 天后扣费"_s,  u"¥15"_s,
-                                                  u"全部订阅"_s,    u"8 项"_s}
-                                    : QStringList{u"Tovarin"_s,
-                                                  u"[ MONTHLY SPEND ]"_s,
-                                                  u"$54.36"_s,
-                                                  u"LOCAL DATA · CNY"_s,
-                                                  u"Yearly"_s,
-                                                  u"$652.31"_s,
-                                                  u"Active"_s,
-                                                  u"6"_s,
-                                                  u"Due in 7d"_s,
-                                                  u"2"_s,
-                                                  u"Upcoming charges"_s,
-                                                  u"Next 7 days"_s,
-                                                  u"晚灯影院"_s,
-                                                  u"in 3 days"_s,
-                                                  u"¥25"_s,
-                                                  u"晨跑俱乐部"_s,
-                                                  u"in 6 days"_s,
-                                                  u"¥15"_s,
-                                                  u"All subscriptions"_s,
+                                                  u"扫描识别"_s,    u"即将扣费"_s,
+                                                  u"未来 7 天"_s,   u"晚灯影院"_s,
+                                                  u"3 天后扣费"_s,  u"¥25"_s,
+                                                  u"晨跑俱乐部"_s,  u"6 天后扣费"_s,
+                                                  u"¥15"_s,         u"全部订阅"_s,
+                                                  u"8 项"_s}
+                                    : QStringList{u"Tovarin"_s,     u"[ MONTHLY SPEND ]"_s,
+                                                  u"$54.36"_s,      u"LOCAL DATA · CNY"_s,
+                                                  u"Yearly"_s,      u"$652.31"_s,
+                                                  u"Active"_s,      u"6"_s,
+                                                  u"Due in 7d"_s,   u"2"_s,
+                                                  u"Scan"_s,        u"Upcoming charges"_s,
+                                                  u"Next 7 days"_s, u"晚灯影院"_s,
+                                                  u"in 3 days"_s,   u"¥25"_s,
+                                                  u"晨跑俱乐部"_s,  u"in 6 days"_s,
+                                                  u"¥15"_s,         u"All subscriptions"_s,
                                                   u"8 items"_s};
     QStringList sorted = texts();
     for (const QString &text : head)
@@ -181,6 +215,7 @@ TEST_P(Screens, ShowTheEmptyState) {
                              u"0"_s,
                              u"近 7 天待扣"_s,
                              u"0"_s,
+                             u"扫描识别"_s,
                              u"还没有任何订阅记录"_s,
                              u"从常见服务快选开始，或批量扫描账单截图"_s}
                : QStringList{u"Tovarin"_s,
@@ -193,6 +228,7 @@ TEST_P(Screens, ShowTheEmptyState) {
                              u"0"_s,
                              u"Due in 7d"_s,
                              u"0"_s,
+                             u"Scan"_s,
                              u"No subscriptions yet"_s,
                              u"Start with quick pick, or batch-scan billing screenshots"_s};
     EXPECT_EQ(texts(), expected);
@@ -278,6 +314,32 @@ TEST_P(Screens, KeepTheirBeginningInSightWhenItGrows) {
     window->resize(640, 420);
     settle();
     EXPECT_DOUBLE_EQ(aboveSight(), 0);
+}
+
+TEST_P(Screens, ScanTheChosenFiles) {
+    open();
+    panel.choice = filesNamed({u"bill one"_s, u"bill two"_s});
+    click(pair(u"扫描识别"_s, u"Scan"_s));
+    EXPECT_TRUE(texts().contains(pair(u"识别中 0/2"_s, u"Scanning 0/2"_s)));
+    click(pair(u"识别中 0/2"_s, u"Scanning 0/2"_s));
+    EXPECT_EQ(panel.requests.size(), 1);
+    ASSERT_TRUE(waitUntil([this] { return !bills->isScanning(); }));
+    settle();
+    const QStringList now = texts();
+    for (const QString &text : {pair(u"扫描识别"_s, u"Scan"_s), pair(u"2 项"_s, u"2 items"_s),
+                                u"bill one"_s, u"bill two"_s})
+        EXPECT_TRUE(now.contains(text)) << text.toStdString();
+    EXPECT_FALSE(now.contains(pair(u"没有识别到有效内容"_s, u"Nothing recognized"_s)));
+}
+
+TEST_P(Screens, ScanDroppedFiles) {
+    open();
+    EXPECT_FALSE(drop({QUrl(u"https://example.com/bill.png"_s)}));
+    EXPECT_TRUE(drop(filesNamed({u"nothing"_s})));
+    EXPECT_TRUE(texts().contains(pair(u"识别中 0/1"_s, u"Scanning 0/1"_s)));
+    ASSERT_TRUE(waitUntil([this] { return !bills->isScanning(); }));
+    settle();
+    EXPECT_TRUE(texts().contains(pair(u"没有识别到有效内容"_s, u"Nothing recognized"_s)));
 }
 
 INSTANTIATE_TEST_SUITE_P(, Screens, testing::Values(Lang::en, Lang::zh),

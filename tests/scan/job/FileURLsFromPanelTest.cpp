@@ -5,6 +5,7 @@
 
 #include "tests/support/LanguageScope.h"
 #include "tests/support/Printing.h"
+#include "tests/support/ScriptedPanel.h"
 
 #include <gtest/gtest.h>
 
@@ -16,22 +17,6 @@ namespace {
 
 using Lang = LocalizationManager::Lang;
 using enum OpenPanel::ContentType;
-
-/// A panel in which the user chooses these files at once.
-class ScriptedPanel final : public OpenPanel {
-public:
-    explicit ScriptedPanel(QList<QUrl> choice) : m_choice(std::move(choice)) {}
-
-    QList<QUrl> run(const Request &request) override {
-        requests.append(request);
-        return m_choice;
-    }
-
-    QList<Request> requests;
-
-private:
-    QList<QUrl> m_choice;
-};
 
 const QList<OpenPanel::ContentType> bills = {png, jpeg, tiff, image, pdf};
 

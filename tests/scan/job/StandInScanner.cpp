@@ -78,6 +78,13 @@ void behaveAs(const QString &kind) {
         for (const QByteArray block(64 * 1024, 'x');;)
             say(block);
     }
+    if (kind == u"unnamed")
+        say(draftAnswer({}));
+    if (kind == u"unpriced") {
+        Subscription free = draft(kind, {}, "en", 1);
+        free.amount = 0;
+        say(ScanMessages::encodeAnswer(free));
+    }
     if (kind == u"nothing")
         say("null\n");
     if (kind == u"junk")

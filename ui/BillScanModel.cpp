@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "ui/BillScanModel.h"
+
+#include "model/Store.h"
+#include "platform/OpenPanel.h"
+#include "scan/job/FileURLsFromPanel.h"
+#include "scan/job/ScanJob.h"
+
+#include <algorithm>
+
+namespace tovarin {
+
+BillScanModel::BillScanModel(ScanJob &job, OpenPanel &panel, Store &store, QObject *parent)
+    : QObject(parent), m_job(job), m_panel(panel), m_store(store) {
+    connect(&job, &ScanJob::progress, this, &BillScanModel::noticeProgress);
+    connect(&job, &ScanJob::finished, this, &BillScanModel::take);
+}
+
+void BillScanModel::scanReceiptImages() {
+    if (m_isScanning)
+        return;
+    const QList<QUrl> urls = ReceiptScanner::fileURLsFromPanel(m_panel, true);
+    if (!urls.isEmpty())
+        scan(urls);
+}
+
+bool BillScanModel::handleDrop(const QList<QUrl> &urls) {
+    QList<QUrl> files;
+    std::ranges::copy_if(urls, std::back_inserter(files), &QUrl::isLocalFile);
+    return !files.isEmpty() && scan(files);
+}
+
+bool BillScanModel::scan(const QList<QUrl> &urls) {
+    // The state is told before the job can finish.
+    if (m_isScanning)
+        return false;
+    m_isScanning = true;
+    m_foundNothing = false;
+    m_filesDone = 0;
+    m_filesTotal = static_cast<int>(urls.size());
+    Q_EMIT changed();
+    if (m_job.start(urls))
+        return true;
+    m_isScanning = false;
+    Q_EMIT changed();
+    return false;
+}
+
+void BillScanModel::noticeProgress(int done, int total) {
+    m_filesDone = done;
+    m_filesTotal = total;
+    Q_EMIT changed();
+}
+
+void BillScanModel::take(const QList<Subscription> &drafts) {
+    QList<Subscription> list = m_store.subscriptions();
+    const qsizetype before = list.size();
+    std::ranges::copy_if(drafts, std::back_inserter(list), [](const Subscription &draft) {
+        return !draft.name.isEmpty() && draft.amount > 0;
+    });
+    m_isScanning = false;
+    m_foundNothing = list.size() == before;
+    for (qsizetype i = before; i < list.size(); ++i)
+        m_store.add(list[i]);
+    Q_EMIT changed();
+}
+
+} // namespace tovarin

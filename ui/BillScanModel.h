@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "model/Subscription.h"
+
+#include <QList>
+#include <QObject>
+#include <QUrl>
+#include <QtQml/qqmlregistration.h>
+
+namespace tovarin {
+
+class OpenPanel;
+class ScanJob;
+class Store;
+
+/// The scan button of the main window and the files that are dropped on it: has bills read and puts
+/// what was found into the store.
+class BillScanModel final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The program makes the one there is.")
+    Q_PROPERTY(bool isScanning READ isScanning NOTIFY changed FINAL)
+    Q_PROPERTY(int filesDone READ filesDone NOTIFY changed FINAL)
+    Q_PROPERTY(int filesTotal READ filesTotal NOTIFY changed FINAL)
+    Q_PROPERTY(bool foundNothing READ foundNothing NOTIFY changed FINAL)
+
+public:
+    /// All three must outlive the model.
+    BillScanModel(ScanJob &job, OpenPanel &panel, Store &store, QObject *parent = nullptr);
+
+    bool isScanning() const { return m_isScanning; }
+
+    /// How many files of the running scan are read, and how many there are in all.
+    int filesDone() const { return m_filesDone; }
+    int filesTotal() const { return m_filesTotal; }
+
+    /// Whether the last scan gave nothing that could be kept.
+    bool foundNothing() const { return m_foundNothing; }
+
+    /// Asks the user for files and has them read. Nothing happens while a scan is running, or when
+    /// the user chooses none.
+    Q_INVOKABLE void scanReceiptImages();
+
+    /// Has dropped files read; what is not a local file does not count. False when none is left or
+    /// a scan is running.
+    Q_INVOKABLE bool handleDrop(const QList<QUrl> &urls);
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    bool scan(const QList<QUrl> &urls);
+    void noticeProgress(int done, int total);
+    void take(const QList<Subscription> &drafts);
+
+    ScanJob &m_job;
+    OpenPanel &m_panel;
+    Store &m_store;
+    bool m_isScanning = false;
+    int m_filesDone = 0;
+    int m_filesTotal = 0;
+    bool m_foundNothing = false;
+};
+
+} // namespace tovarin

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Templates as T
+import Tovarin
+
+// The button of this program: a rounded rectangle, filled with the accent when it is the prominent
+// one of its place.
+T.AbstractButton {
+    id: root
+
+    required property string title
+    property bool prominent: false
+
+    implicitWidth: implicitContentWidth + 36
+    implicitHeight: 40
+    focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
+    opacity: enabled ? 1 : 0.45
+
+    Accessible.role: Accessible.Button
+    Accessible.name: title
+    Accessible.onPressAction: {
+        if (enabled)
+            clicked();
+    }
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+
+    background: Rectangle {
+        radius: 12
+        color: root.prominent ? (root.down ? Qt.darker(Theme.accent, 1.2)
+                                           : root.hovered ? Qt.lighter(Theme.accent, 1.06)
+                                                          : Theme.accent)
+                              : Qt.rgba(Theme.text.r, Theme.text.g, Theme.text.b,
+                                        root.down ? 0.18 : root.hovered ? 0.13 : 0.08)
+        border.width: root.visualFocus ? 2 : root.prominent ? 0 : 1
+        border.color: root.visualFocus ? (root.prominent ? Theme.text : Theme.accent)
+                                       : Theme.hairline
+    }
+    contentItem: ThemeText {
+        text: root.title
+        color: root.prominent ? Theme.onAccent : Theme.text
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        font.pixelSize: 14
+        font.weight: Font.DemiBold
+        Accessible.ignored: true
+    }
+}
