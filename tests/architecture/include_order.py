@@ -14,10 +14,11 @@ MAY_USE = {
     "platform": [],
     LOCALIZATION: ["platform"],
     "model": ["platform", LOCALIZATION],
+    "catalog": ["platform", LOCALIZATION, "model"],
     "scan": ["platform", LOCALIZATION, "model"],
     "scanner": ["platform", LOCALIZATION, "model", "scan"],
-    "ui": ["platform", LOCALIZATION, "model", "scan"],
-    "app": ["platform", LOCALIZATION, "model", "scan", "ui"],
+    "ui": ["platform", LOCALIZATION, "model", "catalog", "scan"],
+    "app": ["platform", LOCALIZATION, "model", "catalog", "scan", "ui"],
 }
 # They look at everything and nothing may look at them.
 OUTSIDE = ["tests", "benchmarks", "fuzz"]
