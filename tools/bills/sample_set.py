@@ -50,7 +50,16 @@ Bitstream Vera, GPL with font exception) allow.
 
 Beside a readable file `x.png` lies `x.truth.json`: every piece of text in reading order, row by row
 and from left to right, and the facts on it: the amounts paid as printed, the days both as days and
-as printed, and the name. A file without it has nothing that could be read for certain."""
+as printed, and the name. A file without it has nothing that could be read for certain.
+
+Beside every file `x.png` lies `x.png.golden.json`: what `tovarin-scanner` answers to it, or `null`
+where it gives no draft, with the whole text that was read. A test compares. When the reading has
+changed, and for new files, they are written anew by
+
+    cmake --build --preset dev --target golden_bills
+
+and looked over, change by change, before they are committed: they hold what is read, which is not
+everywhere the truth."""
 
 GROUPS = {
     "clean": "Screenshots and pages as they come out of a program.",
