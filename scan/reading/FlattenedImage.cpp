@@ -19,7 +19,7 @@ QRgb onWhite(QRgb pixel) {
 
 QImage flattenedOnWhite(QImage image) {
     if (!image.hasAlphaChannel()) {
-        image.convertTo(QImage::Format_RGB32);
+        image.convertTo(QImage::Format_BGR888);
         return image;
     }
     image.convertTo(QImage::Format_ARGB32);
@@ -29,6 +29,7 @@ QImage flattenedOnWhite(QImage image) {
             line[x] = onWhite(line[x]);
     }
     image.reinterpretAsFormat(QImage::Format_RGB32);
+    image.convertTo(QImage::Format_BGR888);
     return image;
 }
 

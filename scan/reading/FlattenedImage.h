@@ -7,8 +7,7 @@
 
 namespace tovarin {
 
-/// The image on white ground, in the format RGB32. Works in place where nobody else holds the
-/// pixels.
+/// The image on white ground, in the format BGR888, which is what recognition takes.
 QImage flattenedOnWhite(QImage image);
 
 } // namespace tovarin
