@@ -116,6 +116,67 @@ void settle(Glyph &glyph, const QString &character) {
         glyph.text = character;
 }
 
+/// Exchanges a glyph for the capital of its letter if the model held that possible.
+void settleCapital(Glyph &glyph) {
+    const QString capital = glyph.text.toUpper();
+    const auto isCapital = [&capital](const GlyphReading &reading) {
+        return reading.text == capital;
+    };
+    if (std::ranges::any_of(glyph.others, isCapital))
+        glyph.text = capital;
+}
+
+// What stands before prices in capitals, some of which differ from small letters in size only.
+constexpr QStringView currencies[] = {u"CNY", u"RMB", u"USD", u"EUR", u"GBP",
+                                      u"HKD", u"JPY", u"US$", u"HK$"};
+
+/// A currency in small letters before a number.
+void settleCurrencies(Glyphs &glyphs) {
+    for (std::size_t first = 0; first + 3 < glyphs.size(); ++first) {
+        if (first > 0 && isLatinLetter(codePoint(glyphs[first - 1].text)))
+            continue;
+        const auto begin = glyphs.begin() + static_cast<std::ptrdiff_t>(first);
+        const QString currency = textOf(Glyphs(begin, begin + 3)).toUpper();
+        const auto next = std::find_if(begin + 3, glyphs.end(), [](const Glyph &glyph) {
+            return glyph.text != QStringLiteral(" ");
+        });
+        if (next != glyphs.end() && isDigit(codePoint(next->text)) &&
+            std::ranges::find(currencies, currency) != std::end(currencies))
+            std::for_each(begin, begin + 3, settleCapital);
+    }
+}
+
+/// A quantity, "×2", whose sign was taken for a letter.
+void settleTimes(Glyphs &glyphs) {
+    const QString times = QStringLiteral("×");
+    if (glyphs.size() < 2 || glyphs[0].text.toLower() != QStringLiteral("x"))
+        return;
+    const bool isQuantity = std::all_of(glyphs.begin() + 1, glyphs.end(), [](const Glyph &glyph) {
+        return isDigit(codePoint(glyph.text)) || glyph.text == QStringLiteral(" ");
+    });
+    const auto isTimes = [&times](const GlyphReading &reading) { return reading.text == times; };
+    if (isQuantity && std::ranges::any_of(glyphs[0].others, isTimes))
+        glyphs[0].text = times;
+}
+
+/// No word has a capital I amid small letters, but where a second word begins ("myInvoice").
+void settleInner(std::ranges::subrange<Glyphs::iterator> word) {
+    for (std::size_t i = 1; i + 1 < word.size(); ++i) {
+        const auto at = static_cast<std::ptrdiff_t>(i);
+        if (word[at].text != QStringLiteral("I"))
+            continue;
+        const bool isAfterFirst = i == 1 && isLatinLetter(codePoint(word[0].text));
+        const bool isAfterSmall = word[at - 1].text.at(0).isLower();
+        const bool areSmall =
+            std::all_of(word.begin() + at + 1, word.end(),
+                        [](const Glyph &glyph) { return glyph.text.at(0).isLower(); });
+        const bool mayBegin =
+            isAfterSmall && QStringView(u"nmst").contains(word[at + 1].text.at(0));
+        if ((isAfterFirst || isAfterSmall) && areSmall && !mayBegin)
+            settle(word[at], QStringLiteral("l"));
+    }
+}
+
 /// No word begins with a small l and a consonant, or with a zero and letters.
 void settleInitial(std::ranges::subrange<Glyphs::iterator> word) {
     if (word.size() < 3)
@@ -167,6 +228,8 @@ void settleNames(Glyphs &glyphs) {
 
 Glyphs withSettledLetters(Glyphs glyphs) {
     settleDollars(glyphs);
+    settleCurrencies(glyphs);
+    settleTimes(glyphs);
     settleNames(glyphs);
     for (auto begin = glyphs.begin(); begin != glyphs.end();) {
         if (!isOfWord(*begin)) {
@@ -181,6 +244,7 @@ Glyphs withSettledLetters(Glyphs glyphs) {
                 begin[i].text = spelling->at(i);
         } else {
             settleInitial(word);
+            settleInner(word);
         }
         begin = end;
     }

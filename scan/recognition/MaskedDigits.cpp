@@ -3,70 +3,145 @@
 
 #include "scan/recognition/MaskedDigits.h"
 
-#include "scan/recognition/Letters.h"
-
 #include <algorithm>
+#include <cmath>
+#include <optional>
 
 namespace tovarin {
 
 namespace {
 
-constexpr QStringView dots = u".·•●…*";
-constexpr QStringView amongDots = u".·•●…* oO0";
+// What the dots are read as, and what is read between and beside them.
+constexpr QStringView dots = u".·•●…*▪";
+constexpr QStringView amongDots = u".·•●…*▪ oO0?:：'-";
+
+constexpr int fewestDots = 3;
+constexpr int mostDots = 8;
 
 bool isOneOf(const Glyph &glyph, QStringView characters) {
     return glyph.text.size() == 1 && characters.contains(glyph.text.front());
 }
 
-/// Whether ink is a dot halfway up the line.
-bool isRaisedDot(const InkRun &run, const InkProfile &ink) {
-    const auto textHeight = static_cast<float>(ink.textHeight());
-    const float middle = static_cast<float>(run.top + run.bottom) / 2;
-    const float up = (middle - static_cast<float>(ink.textTop())) / textHeight;
-    return static_cast<float>(run.width()) <= 0.5F * textHeight &&
-           static_cast<float>(run.height()) <= 0.5F * textHeight && up > 0.25F && up < 0.75F;
-}
+/// Dots in a row, some of which may touch.
+struct Dots {
+    int begin; ///< The first column.
+    int end;   ///< The column after the last one.
+    int count;
+};
+
+class DotFinder {
+public:
+    explicit DotFinder(const InkProfile &ink)
+        : m_ink(ink), m_textHeight(static_cast<float>(ink.textHeight())) {}
+
+    /// The dots that stand in a row from this run on; no value where there are fewer than three.
+    std::optional<Dots> at(std::size_t first) const {
+        const InkRun &dot = m_ink.runs()[first];
+        if (!isRaised(dot) || !isRound(dot))
+            return std::nullopt;
+        Dots found = {dot.begin, dot.end, 1};
+        int pitch = 0;
+        for (std::size_t i = first + 1; i < m_ink.runs().size(); ++i) {
+            const InkRun &next = m_ink.runs()[i];
+            const int gap = next.begin - found.end;
+            if (!isRaised(next) || std::abs(next.height() - dot.height()) > slack(dot) ||
+                static_cast<float>(gap) > 1.3F * m_textHeight ||
+                (pitch > 0 && std::abs(gap + dot.width() - pitch) > slack(dot)))
+                break;
+            if (pitch == 0)
+                pitch = gap + dot.width();
+            const float touching =
+                static_cast<float>(next.width() + gap) / static_cast<float>(pitch);
+            const int count = std::max(1, static_cast<int>(std::lround(touching)));
+            if (std::abs(next.width() + gap - count * pitch) > slack(dot))
+                break;
+            found.count += count;
+            found.end = next.end;
+        }
+        if (found.count < fewestDots || found.count > mostDots)
+            return std::nullopt;
+        return found;
+    }
+
+private:
+    static int slack(const InkRun &dot) { return std::max(3, dot.width() / 3); }
+
+    /// Whether ink stands halfway up the line, as a dot does.
+    bool isRaised(const InkRun &run) const {
+        const float middle = static_cast<float>(run.top + run.bottom) / 2;
+        const float up = (middle - static_cast<float>(m_ink.textTop())) / m_textHeight;
+        return static_cast<float>(run.height()) <= 0.62F * m_textHeight && up > 0.25F && up < 0.75F;
+    }
+
+    bool isRound(const InkRun &run) const {
+        return 2 * run.width() >= run.height() && 2 * run.width() <= 3 * run.height() &&
+               static_cast<float>(run.width()) <= 0.62F * m_textHeight;
+    }
+
+    const InkProfile &m_ink;
+    float m_textHeight;
+};
 
 } // namespace
 
 Glyphs withMaskedDigits(const Glyphs &glyphs, const InkProfile &ink) {
-    constexpr std::ptrdiff_t fewest = 3;
     const auto width = static_cast<float>(ink.width());
-    Glyphs result;
-    for (auto begin = glyphs.begin(); begin != glyphs.end();) {
-        const auto end = std::find_if_not(
-            begin, glyphs.end(), [](const Glyph &glyph) { return isOneOf(glyph, amongDots); });
-        const bool hasDots =
-            std::count_if(begin, end, [](const Glyph &glyph) { return isOneOf(glyph, dots); }) >= 2;
-        if (!hasDots || end == glyphs.end() || !isDigit(codePoint(end->text))) {
-            result.push_back(*begin++);
+    const float margin = 0.15F * static_cast<float>(ink.textHeight());
+    const auto isWithin = [&](const Glyph &glyph, const Dots &found) {
+        const float column = glyph.position * width;
+        return column > static_cast<float>(found.begin) - margin &&
+               column < static_cast<float>(found.end) + margin;
+    };
+    const auto place = [width](int left, int right) {
+        return static_cast<float>(left + right) / 2 / width;
+    };
+    const DotFinder finder(ink);
+    Glyphs result = glyphs;
+    for (std::size_t run = 0; run < ink.runs().size(); ++run) {
+        const auto found = finder.at(run);
+        if (!found)
             continue;
-        }
-        const float from = begin == glyphs.begin() ? 0 : (begin - 1)->position * width;
-        const float to = end->position * width;
-        std::vector<InkRun> raised;
-        std::ranges::copy_if(ink.runs(), std::back_inserter(raised), [&](const InkRun &run) {
-            return static_cast<float>(run.begin) > from && static_cast<float>(run.end) < to &&
-                   isRaisedDot(run, ink);
+        const auto next = std::ranges::find_if(
+            ink.runs(), [&](const InkRun &other) { return other.begin >= found->end; });
+        const int before = run == 0 ? 0 : ink.runs()[run - 1].end;
+        run = static_cast<std::size_t>(next - ink.runs().begin()) - 1;
+        auto begin = std::ranges::find_if(result, [&](const Glyph &glyph) {
+            return glyph.position * width > static_cast<float>(found->begin) - margin;
         });
-        if (std::ssize(raised) < fewest) {
-            result.insert(result.end(), begin, end);
-            begin = end;
+        auto end = std::find_if_not(begin, result.end(),
+                                    [&](const Glyph &glyph) { return isWithin(glyph, *found); });
+        const auto isAmong = [](const Glyph &glyph) { return isOneOf(glyph, amongDots); };
+        const auto read =
+            std::count_if(begin, end, [](const Glyph &glyph) { return isOneOf(glyph, dots); });
+        const auto stars =
+            std::count_if(begin, end, [](const Glyph &glyph) { return isOneOf(glyph, u"*"); });
+        const bool isOther = !std::all_of(begin, end, isAmong);
+        // Stars are no dots where they are as many. Three dots may be anything unless read as such.
+        if (isOther || stars == found->count || (found->count == fewestDots && read < 2))
             continue;
-        }
-        const auto place = [width](int left, int right) {
-            return static_cast<float>(left + right) / 2 / width;
+        const auto isDotOrBlank = [](const Glyph &glyph) {
+            return isOneOf(glyph, dots) || glyph.text == QStringLiteral(" ");
         };
-        if (begin != glyphs.begin() && begin->text == QStringLiteral(" "))
-            result.push_back(*begin);
-        for (const InkRun &run : raised)
-            result.push_back({QStringLiteral("•"), 1, place(run.begin, run.end), {}});
-        const InkRun &last = raised.back();
-        const int digit = ink.nearestRun(to, width);
-        const int next = ink.runs()[static_cast<std::size_t>(digit)].begin;
-        if (4 * (next - last.end) > ink.textHeight())
-            result.push_back({QStringLiteral(" "), 1, place(last.end, next), {}});
-        begin = end;
+        while (begin != result.begin() && isDotOrBlank(*(begin - 1)))
+            --begin;
+        end = std::find_if_not(end, result.end(), isDotOrBlank);
+        Glyphs put;
+        const int step = (found->end - found->begin) / found->count;
+        const auto blank = [&](int left, int right) {
+            if (4 * (right - left) > ink.textHeight())
+                put.push_back({QStringLiteral(" "), 1, place(left, right), {}});
+        };
+        if (begin != result.begin())
+            blank(before, found->begin);
+        for (int i = 0; i < found->count; ++i)
+            put.push_back({QStringLiteral("•"),
+                           1,
+                           place(found->begin + i * step, found->begin + (i + 1) * step),
+                           {}});
+        if (end != result.end() && next != ink.runs().end())
+            blank(found->end, next->begin);
+        const auto at = result.erase(begin, end);
+        result.insert(at, put.begin(), put.end());
     }
     return result;
 }

@@ -9,6 +9,7 @@
 #include "scan/recognition/MaskedDigits.h"
 #include "scan/recognition/ReadingOrder.h"
 #include "scan/recognition/Rectification.h"
+#include "scan/recognition/TwinLetters.h"
 #include "scan/recognition/WordSpaces.h"
 
 #include <algorithm>
@@ -77,7 +78,8 @@ NeuralTextRecognizer::Piece NeuralTextRecognizer::readPiece(LineReader &reader, 
             glyph.text = QStringLiteral("¥");
     }
     const InkProfile ink(line);
-    glyphs = withSettledLetters(withMaskedDigits(withWordSpaces(glyphs, ink), ink));
+    glyphs = withMaskedDigits(withWordSpaces(glyphs, ink), ink);
+    glyphs = withSettledLetters(withTwinLetters(glyphs, ink));
     glyphs = withCurrencySigns(std::move(glyphs), ink, line,
                                [this](const cv::Mat &sign) { return m_signs.read(sign); });
     return {box, std::move(glyphs), confidence};

@@ -123,7 +123,8 @@ private:
             const Quad &there = m_pieces[other];
             const float common =
                 std::min(quad.right(), there.right()) - std::max(quad.left(), there.left());
-            if (common > quad.height() / 2)
+            // The boxes of neighbours may overlap at their rims: they are wider than their ink.
+            if (common > std::min(quad.height(), std::min(quad.width(), there.width()) / 2))
                 return std::nullopt;
             const float gap =
                 std::abs(centre(other).x - centre(piece).x) - (there.width() + quad.width()) / 2;

@@ -6,6 +6,7 @@
 #include "scan/recognition/ConfusableLetters.h"
 #include "scan/recognition/CurrencySigns.h"
 #include "scan/recognition/MaskedDigits.h"
+#include "scan/recognition/TwinLetters.h"
 #include "scan/recognition/WordSpaces.h"
 #include "tests/support/Printing.h"
 
@@ -247,6 +248,13 @@ TEST(ConfusableLettersTest, AreSettledWhereNoWordCanBeginLikeThis) {
     EXPECT_EQ(settled(u"late lyric lL 0x 0 l"_s), u"late lyric lL 0x 0 l"_s);
 }
 
+TEST(ConfusableLettersTest, AreSmallWithinWordsOfSmallLetters) {
+    EXPECT_EQ(settled(u"ChatGPT PIus"_s), u"ChatGPT Plus"_s);
+    EXPECT_EQ(settled(u"deIivery"_s), u"delivery"_s);
+    EXPECT_EQ(settled(u"myInvoices OpenAI PIN HIFI BIBLE"_s),
+              u"myInvoices OpenAI PIN HIFI BIBLE"_s);
+}
+
 TEST(ConfusableLettersTest, KeepAlWhereItIsPartOfAName) {
     EXPECT_EQ(settled(u"Al Dente"_s), u"Al Dente"_s);
     EXPECT_EQ(settled(u"Al Lantern"_s), u"AI Lantern"_s);
@@ -261,34 +269,92 @@ TEST(ConfusableLettersTest, AreSettledInNamesOfServices) {
     EXPECT_EQ(textOf(withSettledLetters(glyphs)), u"哗哩哗哩"_s);
 }
 
-TEST(MaskedDigitsTest, AreAsManyAsTheInkShows) {
+/// "ab", dots `pitch` columns apart, "1234"; what is made of it when `dots` was read.
+QString masked(const QString &dots, const std::vector<cv::Rect> &ink) {
     Line line(u"ab    1234"_s, u"ab1234"_s, 20);
-    const int first = 10 + 2 * Line::step;
-    for (int dot = 0; dot < 4; ++dot)
-        line.picture(cv::Rect(first + 12 + 14 * dot, Line::top + 9, 6, 6))
-            .setTo(cv::Scalar::all(0));
-    const InkProfile ink(line.picture);
-    const auto read = [&](const QString &dots) {
-        Glyphs glyphs = line.glyphs;
-        for (const QChar dot : dots)
-            glyphs.insert(glyphs.end() - 4, Glyph{dot, 1, 0.4F, {}});
-        return textOf(withMaskedDigits(glyphs, ink));
-    };
-    EXPECT_EQ(read(u".."_s), u"ab•••• 1234"_s);
-    EXPECT_EQ(read(u" ·.... "_s), u"ab •••• 1234"_s);
-    EXPECT_EQ(read(u"."_s), u"ab.1234"_s);
-    EXPECT_EQ(read(QString()), u"ab1234"_s);
+    for (const cv::Rect &dot : ink)
+        line.picture(dot).setTo(cv::Scalar::all(0));
+    Glyphs glyphs = line.glyphs;
+    for (const QChar dot : dots)
+        glyphs.insert(glyphs.end() - 4, Glyph{dot, 1, 0.4F, {}});
+    return textOf(withMaskedDigits(glyphs, InkProfile(line.picture)));
+}
+
+std::vector<cv::Rect> dotsAt(int y, int count = 4, int width = 6) {
+    std::vector<cv::Rect> dots;
+    for (int dot = 0; dot < count; ++dot)
+        dots.emplace_back(62 + 14 * dot, y, width, 6);
+    return dots;
+}
+
+TEST(MaskedDigitsTest, AreAsManyAsTheInkShows) {
+    for (const QString &read : {u".."_s, u" ·.... "_s, u"."_s, u"***"_s, u"·?."_s, QString()})
+        EXPECT_EQ(masked(read, dotsAt(Line::top + 9)), u"ab •••• 1234"_s) << read.toStdString();
+    EXPECT_EQ(masked(u"..."_s, dotsAt(Line::top + 9, 3)), u"ab ••• 1234"_s);
+}
+
+TEST(MaskedDigitsTest, MayTouch) {
+    const int y = Line::top + 8;
+    const std::vector<cv::Rect> dots = {{62, y, 8, 8}, {73, y, 19, 8}, {95, y, 8, 8}};
+    EXPECT_EQ(masked(u"."_s, dots), u"ab •••• 1234"_s);
 }
 
 TEST(MaskedDigitsTest, AreNotFullStops) {
-    Line line(u"ab    1234"_s, u"ab1234"_s, 20);
-    for (int dot = 0; dot < 4; ++dot)
-        line.picture(cv::Rect(62 + 14 * dot, Line::top + Line::height - 6, 6, 6))
+    EXPECT_EQ(masked(u"..."_s, dotsAt(Line::top + Line::height - 6)), u"ab...1234"_s);
+}
+
+TEST(MaskedDigitsTest, AreNotStarsNorLettersNorStrayMarks) {
+    const std::vector<cv::Rect> dots = dotsAt(Line::top + 9);
+    EXPECT_EQ(masked(u"****"_s, dots), u"ab****1234"_s);
+    EXPECT_EQ(masked(u"xx"_s, dots), u"abxx1234"_s);
+    EXPECT_EQ(masked(QString(), dotsAt(Line::top + 9, 3)), u"ab1234"_s);
+    EXPECT_EQ(masked(u"--"_s, dotsAt(Line::top + 9, 4, 12)), u"ab--1234"_s);
+    const int y = Line::top + 9;
+    EXPECT_EQ(masked(u".."_s, {{62, y, 6, 6}, {72, y, 6, 6}, {92, y, 6, 6}, {102, y, 6, 6}}),
+              u"ab..1234"_s);
+}
+
+/// A word of upright strokes ("|") and broad letters ("x"), of which `read` was read.
+QString twinned(const QString &ink, const QString &read) {
+    const int step = 12;
+    const auto width = [](QChar c) { return c == u'|' ? 5 : 20; };
+    int x = 10;
+    std::vector<int> begins;
+    for (const QChar c : ink) {
+        begins.push_back(x);
+        x += width(c) + step - 5;
+    }
+    cv::Mat picture(48, x + 10, CV_8UC3, cv::Scalar::all(255));
+    for (qsizetype i = 0; i < ink.size(); ++i)
+        picture(
+            cv::Rect(begins[static_cast<std::size_t>(i)], Line::top, width(ink[i]), Line::height))
             .setTo(cv::Scalar::all(0));
-    Glyphs glyphs = line.glyphs;
-    for (int dot = 0; dot < 3; ++dot)
-        glyphs.insert(glyphs.end() - 4, Glyph{u"."_s, 1, 0.4F, {}});
-    EXPECT_EQ(textOf(withMaskedDigits(glyphs, InkProfile(line.picture))), u"ab...1234"_s);
+    Glyphs glyphs;
+    for (qsizetype i = 0; i < read.size(); ++i) {
+        if (read[i] == u'_')
+            continue;
+        const int middle = begins[static_cast<std::size_t>(i)] + width(ink[i]) / 2;
+        glyphs.push_back({QString(read[i]),
+                          1,
+                          static_cast<float>(middle) / static_cast<float>(picture.cols),
+                          {}});
+    }
+    return textOf(withTwinLetters(glyphs, InkProfile(picture)));
+}
+
+TEST(TwinLettersTest, AreDoubledWhereAStrokeWasNotRead) {
+    EXPECT_EQ(twinned(u"|||xx"_s, u"Il_um"_s), u"Illum"_s);
+    EXPECT_EQ(twinned(u"|||xx"_s, u"l_lum"_s), u"lllum"_s);
+    EXPECT_EQ(twinned(u"xx||x"_s, u"Ho_la"_s.replace(u"o_l"_s, u"el_"_s)), u"Hella"_s);
+    EXPECT_EQ(twinned(u"||xx"_s, u"I_um"_s), u"Ilum"_s);
+}
+
+TEST(TwinLettersTest, AreNotInvented) {
+    EXPECT_EQ(twinned(u"|||xx"_s, u"Illum"_s), u"Illum"_s);
+    EXPECT_EQ(twinned(u"|xxx"_s, u"lu_m"_s), u"lum"_s);
+    EXPECT_EQ(twinned(u"||xx"_s, u"t_um"_s), u"tum"_s);
+    EXPECT_EQ(twinned(u"|||xx"_s, u"1l_um"_s.mid(0, 1) + u"i_um"_s), u"1ium"_s);
+    EXPECT_EQ(twinned(u"||xxx"_s, u"l__um"_s), u"lum"_s);
 }
 
 TEST(ConfusableLettersTest, StayWhereTheModelSawNothingElse) {
@@ -304,6 +370,35 @@ TEST(ConfusableLettersTest, MakeADollarOfAnSBetweenACountryAndADigit) {
     EXPECT_EQ(settled(u"HKS78"_s), u"HK$78"_s);
     EXPECT_EQ(settled(u"USST"_s), u"USST"_s);
     EXPECT_EQ(settled(u"PS5"_s), u"PS5"_s);
+}
+
+/// Small letters that may be the capitals, and x that may be ×.
+QString capitalised(const QString &text) {
+    Glyphs glyphs;
+    for (const QChar c : text) {
+        const QString other = c.toLower() == u'x' ? u"×"_s : QString(c.toUpper());
+        glyphs.push_back(glyph(c, {other}));
+    }
+    return textOf(withSettledLetters(glyphs));
+}
+
+TEST(ConfusableLettersTest, AreCapitalsInCurrencies) {
+    EXPECT_EQ(capitalised(u"Us$29.50"_s), u"US$29.50"_s);
+    EXPECT_EQ(capitalised(u"cny 29.80"_s), u"CNY 29.80"_s);
+    EXPECT_EQ(capitalised(u"费用rmb5"_s), u"费用RMB5"_s);
+    EXPECT_EQ(capitalised(u"plus$5 acny 5 cny cny a"_s), u"plus$5 acny 5 cny cny a"_s);
+    EXPECT_EQ(textOf(withSettledLetters(
+                  {glyph(u"U"_s), glyph(u"s"_s, {u"5"_s}), glyph(u"$"_s), glyph(u"5"_s)})),
+              u"Us$5"_s);
+}
+
+TEST(ConfusableLettersTest, MakeATimesSignOfAnXBeforeAQuantity) {
+    EXPECT_EQ(capitalised(u"x1"_s), u"×1"_s);
+    EXPECT_EQ(capitalised(u"X 12"_s), u"× 12"_s);
+    EXPECT_EQ(capitalised(u"x"_s), u"x"_s);
+    EXPECT_EQ(capitalised(u"x1a"_s), u"x1a"_s);
+    EXPECT_EQ(capitalised(u"ax1"_s), u"ax1"_s);
+    EXPECT_EQ(settled(u"x1"_s), u"x1"_s);
 }
 
 } // namespace tovarin

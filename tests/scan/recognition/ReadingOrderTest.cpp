@@ -55,6 +55,12 @@ TEST(ReadingOrder, NeverPutsAPieceOnAnother) {
     EXPECT_EQ(rowsInReadingOrder({piece(10, 100, 200), piece(50, 104, 200)}), (Rows{{0}, {1}}));
 }
 
+TEST(ReadingOrder, KeepsNeighboursInARowWhoseRimsOverlap) {
+    EXPECT_EQ(rowsInReadingOrder({piece(188, 100, 90), piece(10, 101, 195)}), (Rows{{1, 0}}));
+    EXPECT_EQ(rowsInReadingOrder({piece(180, 100, 90), piece(10, 101, 195)}), (Rows{{0}, {1}}));
+    EXPECT_EQ(rowsInReadingOrder({piece(188, 100, 20), piece(10, 101, 195)}), (Rows{{0}, {1}}));
+}
+
 TEST(ReadingOrder, FollowsATiltedPage) {
     std::vector<Quad> pieces;
     Rows expected;
