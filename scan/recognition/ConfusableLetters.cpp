@@ -154,7 +154,11 @@ void settleTimes(Glyphs &glyphs) {
     const bool isQuantity = std::all_of(glyphs.begin() + 1, glyphs.end(), [](const Glyph &glyph) {
         return isDigit(codePoint(glyph.text)) || glyph.text == QStringLiteral(" ");
     });
-    const auto isTimes = [&times](const GlyphReading &reading) { return reading.text == times; };
+    // Bills have both; less than this is held possible for every x.
+    constexpr float likely = 0.1F;
+    const auto isTimes = [&times](const GlyphReading &reading) {
+        return reading.text == times && reading.confidence >= likely;
+    };
     if (isQuantity && std::ranges::any_of(glyphs[0].others, isTimes))
         glyphs[0].text = times;
 }

@@ -15,6 +15,9 @@ namespace {
 constexpr QStringView dots = u".·•●…*▪";
 constexpr QStringView amongDots = u".·•●…*▪ oO0?:：'-";
 
+// Of the stars that stand as low as dots, those read with less confidence are dots.
+constexpr float sureStar = 0.97F;
+
 constexpr int fewestDots = 3;
 constexpr int mostDots = 8;
 
@@ -70,7 +73,7 @@ private:
     bool isRaised(const InkRun &run) const {
         const float middle = static_cast<float>(run.top + run.bottom) / 2;
         const float up = (middle - static_cast<float>(m_ink.textTop())) / m_textHeight;
-        return static_cast<float>(run.height()) <= 0.62F * m_textHeight && up > 0.25F && up < 0.75F;
+        return static_cast<float>(run.height()) <= 0.62F * m_textHeight && up > 0.34F && up < 0.75F;
     }
 
     bool isRound(const InkRun &run) const {
@@ -113,11 +116,13 @@ Glyphs withMaskedDigits(const Glyphs &glyphs, const InkProfile &ink) {
         const auto isAmong = [](const Glyph &glyph) { return isOneOf(glyph, amongDots); };
         const auto read =
             std::count_if(begin, end, [](const Glyph &glyph) { return isOneOf(glyph, dots); });
-        const auto stars =
-            std::count_if(begin, end, [](const Glyph &glyph) { return isOneOf(glyph, u"*"); });
+        const bool areStars = std::distance(begin, end) == found->count &&
+                              std::all_of(begin, end, [](const Glyph &glyph) {
+                                  return isOneOf(glyph, u"*") && glyph.confidence > sureStar;
+                              });
         const bool isOther = !std::all_of(begin, end, isAmong);
-        // Stars are no dots where they are as many. Three dots may be anything unless read as such.
-        if (isOther || stars == found->count || (found->count == fewestDots && read < 2))
+        // Three dots may be anything unless read as such.
+        if (isOther || areStars || (found->count == fewestDots && read < 2))
             continue;
         const auto isDotOrBlank = [](const Glyph &glyph) {
             return isOneOf(glyph, dots) || glyph.text == QStringLiteral(" ");

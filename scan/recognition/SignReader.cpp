@@ -10,9 +10,12 @@ namespace tovarin {
 
 namespace {
 
-/// Dark on light, as high as the engine likes its letters, with paper all around.
-cv::Mat prepared(const cv::Mat &sign) {
-    constexpr double height = 60;
+// The heights in which a sign is shown to the engine until it can tell it. In larger ones it reads
+// fewer signs, bold ones above all, and takes more letters for signs.
+constexpr double heights[] = {32, 28, 40};
+
+/// Dark on light, with paper all around.
+cv::Mat prepared(const cv::Mat &sign, double height) {
     cv::Mat grey;
     cv::cvtColor(sign, grey, cv::COLOR_BGR2GRAY);
     const double scale = height / grey.rows;
@@ -44,14 +47,17 @@ QString SignReader::read(const cv::Mat &sign) {
     }
     if (!m_isReady)
         return {};
-    const cv::Mat picture = prepared(sign);
-    m_engine->SetImage(picture.data, picture.cols, picture.rows, 1, static_cast<int>(picture.step));
-    m_engine->SetSourceResolution(150);
-    const std::unique_ptr<char[]> read(m_engine->GetUTF8Text());
-    const QString text = QString::fromUtf8(read.get());
-    for (const QChar known : QStringView(u"€£$¥")) {
-        if (text.contains(known))
-            return known;
+    for (const double height : heights) {
+        const cv::Mat picture = prepared(sign, height);
+        m_engine->SetImage(picture.data, picture.cols, picture.rows, 1,
+                           static_cast<int>(picture.step));
+        m_engine->SetSourceResolution(150);
+        const std::unique_ptr<char[]> read(m_engine->GetUTF8Text());
+        const QString text = QString::fromUtf8(read.get());
+        for (const QChar known : QStringView(u"€£$¥")) {
+            if (text.contains(known))
+                return known;
+        }
     }
     return {};
 }

@@ -44,7 +44,7 @@ public:
         // The glyphs before the stroke too many stand at the runs, those after it one further on.
         for (std::size_t i = 1; i < m_runs.size(); ++i) {
             if (isStrokeLetter(m_glyphs[m_begin + i - 1]) && isStroke(m_runs[i - 1], m_ink) &&
-                isStroke(m_runs[i], m_ink) && isNext(i) && agrees(i))
+                isStroke(m_runs[i], m_ink) && isNext(i) && standsApart(i) && agrees(i))
                 return m_begin + i - 1;
         }
         return m_end;
@@ -60,6 +60,16 @@ private:
     /// Whether no other stroke follows the two, so that the last of a group is doubled.
     bool isNext(std::size_t run) const {
         return m_begin + run == m_end || !isStrokeLetter(m_glyphs[m_begin + run]);
+    }
+
+    /// Whether the stroke is as far from what follows as from the stroke before: it may be the left
+    /// part of a letter that fell apart.
+    bool standsApart(std::size_t run) const {
+        if (run + 1 == m_runs.size())
+            return true;
+        const int before = m_runs[run].begin - m_runs[run - 1].end;
+        const int after = m_runs[run + 1].begin - m_runs[run].end;
+        return 3 * after >= 2 * before;
     }
 
     bool agrees(std::size_t lost) const {

@@ -306,6 +306,7 @@ TEST(MaskedDigitsTest, AreNotFullStops) {
 TEST(MaskedDigitsTest, AreNotStarsNorLettersNorStrayMarks) {
     const std::vector<cv::Rect> dots = dotsAt(Line::top + 9);
     EXPECT_EQ(masked(u"****"_s, dots), u"ab****1234"_s);
+    EXPECT_EQ(masked(QString(), dotsAt(Line::top + 3)), u"ab1234"_s);
     EXPECT_EQ(masked(u"xx"_s, dots), u"abxx1234"_s);
     EXPECT_EQ(masked(QString(), dotsAt(Line::top + 9, 3)), u"ab1234"_s);
     EXPECT_EQ(masked(u"--"_s, dotsAt(Line::top + 9, 4, 12)), u"ab--1234"_s);
@@ -355,6 +356,14 @@ TEST(TwinLettersTest, AreNotInvented) {
     EXPECT_EQ(twinned(u"||xx"_s, u"t_um"_s), u"tum"_s);
     EXPECT_EQ(twinned(u"|||xx"_s, u"1l_um"_s.mid(0, 1) + u"i_um"_s), u"1ium"_s);
     EXPECT_EQ(twinned(u"||xxx"_s, u"l__um"_s), u"lum"_s);
+    // A "b" in two parts.
+    cv::Mat picture(48, 90, CV_8UC3, cv::Scalar::all(255));
+    for (const auto &[x, width] : {std::pair(10, 5), {24, 5}, {31, 12}, {50, 24}})
+        picture(cv::Rect(x, Line::top, width, Line::height)).setTo(cv::Scalar::all(0));
+    const Glyphs glyphs = {
+        {u"l"_s, 1, 12 / 90.F, {}}, {u"b"_s, 1, 34 / 90.F, {}}, {u"o"_s, 1, 62 / 90.F, {}}};
+    ASSERT_EQ(InkProfile(picture).runs().size(), 4U);
+    EXPECT_EQ(textOf(withTwinLetters(glyphs, InkProfile(picture))), u"lbo"_s);
 }
 
 TEST(ConfusableLettersTest, StayWhereTheModelSawNothingElse) {
@@ -399,6 +408,9 @@ TEST(ConfusableLettersTest, MakeATimesSignOfAnXBeforeAQuantity) {
     EXPECT_EQ(capitalised(u"x1a"_s), u"x1a"_s);
     EXPECT_EQ(capitalised(u"ax1"_s), u"ax1"_s);
     EXPECT_EQ(settled(u"x1"_s), u"x1"_s);
+    Glyph letter = glyph(u"x"_s, {u"×"_s});
+    letter.others[0].confidence = 0.09F;
+    EXPECT_EQ(textOf(withSettledLetters({letter, glyph(u"1"_s)})), u"x1"_s);
 }
 
 } // namespace tovarin
