@@ -30,8 +30,9 @@ constexpr float surelyUpright = 0.9F;
 constexpr std::size_t sampleSize = 8;
 
 /// The pixels of a picture in the format BGR888, which must outlive the result.
-cv::Mat pixelsOf(QImage &picture) {
-    return {picture.height(), picture.width(), CV_8UC3, picture.bits(),
+cv::Mat pixelsOf(const QImage &picture) {
+    // OpenCV has no matrix that is only read; nobody writes to this one.
+    return {picture.height(), picture.width(), CV_8UC3, const_cast<uchar *>(picture.constBits()),
             static_cast<std::size_t>(picture.bytesPerLine())};
 }
 
@@ -136,7 +137,7 @@ std::vector<NeuralTextRecognizer::Piece> NeuralTextRecognizer::readUpright(const
 QList<TextObservation> NeuralTextRecognizer::recognize(const QImage &bitmap) {
     if (bitmap.isNull())
         return {};
-    QImage picture = bitmap.convertToFormat(QImage::Format_BGR888);
+    const QImage picture = bitmap.convertToFormat(QImage::Format_BGR888);
     const cv::Mat page = pixelsOf(picture);
     PageTurn turn(page.size());
     std::vector<Piece> pieces = readUpright(page, turn);
