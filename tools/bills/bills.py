@@ -16,12 +16,13 @@ import rows
 
 
 def by_lot(seed, layout, dark, width=None):
-    """A page of that layout, and the facts on it. The same seed gives the same page."""
-    for attempt in range(50):
+    """A page of that layout, and the facts on it; of another width where none fits the one that is
+    asked for. The same seed gives the same page."""
+    for attempt in range(100):
         random = chances.Random(f"{seed} {attempt}")
         language = layout.language or random.choice(["zh", "en"])
         look = looks.by_lot(random, language == "zh", dark)
-        page = layout.paper(look, width or random.choice(layout.widths))
+        page = layout.paper(look, width if width and attempt < 25 else random.choice(layout.widths))
         bill = contents.Bill(random, language == "zh")
         try:
             layout.draw(page, bill, random)
