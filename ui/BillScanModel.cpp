@@ -55,15 +55,14 @@ void BillScanModel::noticeProgress(int done, int total) {
 }
 
 void BillScanModel::take(const QList<Subscription> &drafts) {
-    QList<Subscription> list = m_store.subscriptions();
-    const qsizetype before = list.size();
-    std::ranges::copy_if(drafts, std::back_inserter(list), [](const Subscription &draft) {
+    QList<Subscription> found;
+    std::ranges::copy_if(drafts, std::back_inserter(found), [](const Subscription &draft) {
         return !draft.name.isEmpty() && draft.amount > 0;
     });
     m_isScanning = false;
-    m_foundNothing = list.size() == before;
-    for (qsizetype i = before; i < list.size(); ++i)
-        m_store.add(list[i]);
+    m_foundNothing = found.isEmpty();
+    if (!found.isEmpty())
+        m_store.addAll(found);
     Q_EMIT changed();
 }
 

@@ -121,7 +121,12 @@ FocusScope {
     DropArea {
         anchors.fill: parent
         keys: ["text/uri-list"]
-        onDropped: drop => drop.accepted = root.bills.handleDrop(drop.urls)
+        enabled: !root.bills.isScanning
+        // Never "move": the source would delete its files.
+        onDropped: drop => {
+            if (root.bills.handleDrop(drop.urls))
+                drop.accept(Qt.CopyAction);
+        }
 
         Rectangle {
             anchors.fill: parent

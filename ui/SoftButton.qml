@@ -25,8 +25,14 @@ T.AbstractButton {
         if (enabled)
             clicked();
     }
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
+    Keys.onReturnPressed: event => press(event)
+    Keys.onEnterPressed: event => press(event)
+
+    // Once for a key that is held.
+    function press(event: KeyEvent) {
+        if (!event.isAutoRepeat)
+            clicked();
+    }
 
     background: Rectangle {
         radius: 12

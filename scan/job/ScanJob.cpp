@@ -6,12 +6,39 @@
 #include "app/LocalizationManager.h"
 #include "scan/job/ScanMessages.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+
+#include <unistd.h>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
+
+namespace {
+
+/// What a scanner may say of a bill, with the rest as every new entry has it: a scanner that a file
+/// has taken over could name another entry's id.
+Subscription asNew(Subscription draft) {
+    draft.id = QUuid::createUuid();
+    draft.isActive = true;
+    draft.serviceID.reset();
+    return draft;
+}
+
+/// The memory in bytes that a process holds for itself; 0 when it has ended.
+qint64 memoryOf(qint64 process) {
+    QFile statm(u"/proc/%1/statm"_s.arg(process));
+    if (!statm.open(QFile::ReadOnly))
+        return 0;
+    const QList<QByteArray> pages = statm.readAll().split(' ');
+    return pages.size() < 3
+               ? 0
+               : (pages[1].toLongLong() - pages[2].toLongLong()) * sysconf(_SC_PAGESIZE);
+}
+
+} // namespace
 
 ScanJob::ScanJob(QString scanner, std::chrono::milliseconds limit, QObject *parent)
     : QObject(parent), m_scanner(std::move(scanner)) {
@@ -78,7 +105,9 @@ void ScanJob::settleFile(const std::optional<Subscription> &draft) {
     m_limit.stop();
     m_answer.clear();
     if (draft)
-        m_drafts.append(*draft);
+        m_drafts.append(asNew(*draft));
+    if (m_process && memoryOf(m_process->processId()) > mostMemoryKept)
+        retireScanner();
     ++m_done;
     m_next.start(0);
     // Last, since the listener may cancel.

@@ -24,8 +24,9 @@ namespace tovarin {
 ///
 /// The scanner gets one file at a time. A file gives no draft when the scanner says so, ends, takes
 /// too long, or answers with anything but one record; after all but the first, a fresh scanner
-/// takes the files that are left. A scanner that cannot be started leaves every file without a
-/// draft. Nobody is told why.
+/// takes the files that are left. An answer tells what stands on a bill; the id of a draft is
+/// always new. A scanner that cannot be started leaves every file without a draft. Nobody is told
+/// why.
 ///
 /// One scan at a time, for the main thread only; nothing here blocks. The text language of the
 /// drafts is the one chosen when the scan starts.
@@ -34,6 +35,10 @@ class ScanJob final : public QObject {
 
 public:
     static constexpr std::chrono::seconds defaultLimit{20};
+
+    /// In bytes. A scanner that holds more after a file, which is not its habit, is replaced: the
+    /// next file finds as much room as the first.
+    static constexpr qint64 mostMemoryKept = 256 << 20;
 
     /// `scanner` is the path of the program; `limit` is the time one file may take, the start of a
     /// scanner included.

@@ -8,6 +8,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+#include <array>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin::ScanMessages {
@@ -16,6 +19,11 @@ namespace {
 
 const QString pathKey = u"path"_s;
 const QByteArray noDraft = "null"_ba;
+
+bool hasLongText(const Subscription &draft) {
+    return std::ranges::any_of(std::array{&draft.name, &draft.currency, &draft.category},
+                               [](const QString *text) { return text->size() > longestText; });
+}
 
 } // namespace
 
@@ -30,7 +38,7 @@ std::optional<QString> decodeRequest(const QByteArray &line) {
 
 QByteArray encodeAnswer(const std::optional<Subscription> &draft) {
     std::optional<QByteArray> json;
-    if (draft)
+    if (draft && !hasLongText(*draft))
         json = encodeSubscriptions({*draft});
     if (!json || json->size() > longestAnswer)
         return noDraft + '\n';
@@ -45,7 +53,7 @@ std::variant<std::optional<Subscription>, Malformed> decodeAnswer(const QByteArr
         return Malformed{};
     const auto decoded = decodeSubscriptions(line);
     const auto *list = std::get_if<QList<Subscription>>(&decoded);
-    if (!list || list->size() != 1)
+    if (!list || list->size() != 1 || hasLongText(list->first()))
         return Malformed{};
     return list->first();
 }

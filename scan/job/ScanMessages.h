@@ -18,6 +18,10 @@ namespace tovarin::ScanMessages {
 /// An answer longer than this is none, whatever it holds. In bytes, without the line feed.
 inline constexpr qsizetype longestAnswer = 1024 * 1024;
 
+/// No text of a draft but its notes is longer than this, in UTF-16 units; an answer with a longer
+/// one is none. A name has at most thirty characters, and a character may be long.
+inline constexpr qsizetype longestText = 1000;
+
 /// Asks for the draft of one file: `{"path":"/home/ann/bill.png"}` and a line feed.
 QByteArray encodeRequest(const QString &path);
 
@@ -25,7 +29,7 @@ QByteArray encodeRequest(const QString &path);
 std::optional<QString> decodeRequest(const QByteArray &line);
 
 /// Answers with a draft or, for a file that gives none, with `null`; with a line feed. A draft that
-/// has no JSON form, or one that is too long, is answered as none.
+/// has no JSON form, or one that is too long or has too long a text, is answered as none.
 QByteArray encodeAnswer(const std::optional<Subscription> &draft);
 
 /// What stands in the place of an answer that is not one.

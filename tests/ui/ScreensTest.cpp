@@ -119,17 +119,22 @@ protected:
         settle();
     }
 
-    /// What the window does with files that are dropped on its middle.
-    bool drop(const QList<QUrl> &urls) {
+    /// What the window does with files that are dropped on its middle: the action that it takes.
+    Qt::DropAction drop(const QList<QUrl> &urls, Qt::DropAction proposed = Qt::CopyAction) {
         QMimeData files;
         files.setUrls(urls);
         const QPoint middle(window->width() / 2, window->height() / 2);
-        QDragEnterEvent enter(middle, Qt::CopyAction, &files, Qt::LeftButton, {});
+        const Qt::DropActions possible = Qt::CopyAction | Qt::MoveAction;
+        QDragEnterEvent enter(middle, possible, &files, Qt::LeftButton, {});
+        enter.setDropAction(proposed);
         QCoreApplication::sendEvent(window, &enter);
-        QDropEvent drop(middle, Qt::CopyAction, &files, Qt::LeftButton, {});
+        if (!enter.isAccepted())
+            return Qt::IgnoreAction;
+        QDropEvent drop(middle, possible, &files, Qt::LeftButton, {});
+        drop.setDropAction(proposed);
         QCoreApplication::sendEvent(window, &drop);
         settle();
-        return drop.isAccepted();
+        return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
     }
 
     void press(Qt::Key key) {
@@ -334,12 +339,37 @@ TEST_P(Screens, ScanTheChosenFiles) {
 
 TEST_P(Screens, ScanDroppedFiles) {
     open();
-    EXPECT_FALSE(drop({QUrl(u"https://example.com/bill.png"_s)}));
-    EXPECT_TRUE(drop(filesNamed({u"nothing"_s})));
+    EXPECT_EQ(drop({QUrl(u"https://example.com/bill.png"_s)}), Qt::IgnoreAction);
+    EXPECT_EQ(drop(filesNamed({u"nothing"_s})), Qt::CopyAction);
+    // One scan at a time.
+    EXPECT_EQ(drop(filesNamed({u"bill"_s})), Qt::IgnoreAction);
     EXPECT_TRUE(texts().contains(pair(u"识别中 0/1"_s, u"Scanning 0/1"_s)));
     ASSERT_TRUE(waitUntil([this] { return !bills->isScanning(); }));
     settle();
     EXPECT_TRUE(texts().contains(pair(u"没有识别到有效内容"_s, u"Nothing recognized"_s)));
+}
+
+/// The source of a move would delete the files.
+TEST_P(Screens, NeverMoveDroppedFiles) {
+    open();
+    EXPECT_EQ(drop(filesNamed({u"bill"_s}), Qt::MoveAction), Qt::CopyAction);
+    ASSERT_TRUE(waitUntil([this] { return !bills->isScanning(); }));
+    EXPECT_EQ(store->subscriptions().size(), 1);
+}
+
+TEST_P(Screens, ScanByTheKeyboard) {
+    open();
+    press(Qt::Key_Tab);
+    EXPECT_EQ(window->activeFocusItem()->property("title").toString(),
+              pair(u"扫描识别"_s, u"Scan"_s));
+    int presses = 0;
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        press(key);
+        EXPECT_EQ(panel.requests.size(), ++presses) << key;
+    }
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
+    QCoreApplication::sendEvent(window, &held);
+    EXPECT_EQ(panel.requests.size(), presses);
 }
 
 INSTANTIATE_TEST_SUITE_P(, Screens, testing::Values(Lang::en, Lang::zh),

@@ -52,6 +52,34 @@ TEST(ScanJobTest, GivesTheDraftsInTheOrderOfTheFilesFromOneScanner) {
     EXPECT_EQ(run.timesFinished, 1);
 }
 
+TEST(ScanJobTest, GivesEachFileTwentySecondsAsARule) {
+    EXPECT_EQ(ScanJob::defaultLimit, std::chrono::seconds(20));
+}
+
+TEST(ScanJobTest, ReplacesAScannerThatKeepsMuchMemory) {
+    const ScanRun run =
+        scan({u"bill a"_s, u"bill b"_s, u"bill that costs memory"_s, u"bill c"_s, u"bill d"_s});
+    EXPECT_EQ(run.names(), QStringList({u"bill a"_s, u"bill b"_s, u"bill that costs memory"_s,
+                                        u"bill c"_s, u"bill d"_s}));
+    EXPECT_EQ(run.processes().size(), 2);
+    EXPECT_EQ(note(run.drafts[2], 0), note(run.drafts[0], 0));
+    EXPECT_NE(note(run.drafts[3], 0), note(run.drafts[0], 0));
+    EXPECT_EQ(note(run.drafts[4], 0), note(run.drafts[3], 0));
+}
+
+TEST(ScanJobTest, MakesEveryDraftANewActiveEntryOfNoService) {
+    const ScanRun run = scan({u"forged"_s, u"forged"_s});
+    ASSERT_EQ(run.names(), QStringList({u"forged"_s, u"forged"_s}));
+    const QUuid named(u"11111111-2222-4333-8444-555555555555"_s);
+    for (const Subscription &draft : run.drafts) {
+        EXPECT_NE(draft.id, named);
+        EXPECT_FALSE(draft.id.isNull());
+        EXPECT_TRUE(draft.isActive);
+        EXPECT_EQ(draft.serviceID, std::nullopt);
+    }
+    EXPECT_NE(run.drafts[0].id, run.drafts[1].id);
+}
+
 TEST(ScanJobTest, KeepsEveryFieldOfADraft) {
     const Subscription draft = scan({u"bill"_s}).drafts.value(0);
     EXPECT_FALSE(draft.id.isNull());

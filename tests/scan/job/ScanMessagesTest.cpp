@@ -55,6 +55,20 @@ TEST(ScanMessagesTest, AnswersNoDraftWithNull) {
     EXPECT_EQ(decodeAnswer("null"), Answer(std::nullopt));
 }
 
+TEST(ScanMessagesTest, BearsNoLongTextButTheNotes) {
+    for (QString Subscription::*text :
+         {&Subscription::name, &Subscription::currency, &Subscription::category}) {
+        Subscription draft = sampleSubscription();
+        draft.notes = QString(100'000, u'n');
+        draft.*text = QString(longestText, u'x');
+        EXPECT_EQ(decoded(encodeAnswer(draft)), Answer(draft));
+        draft.*text += u'x';
+        EXPECT_EQ(encodeAnswer(draft), "null\n");
+        const QByteArray json = encodeSubscriptions({draft})->replace('\n', ' ');
+        EXPECT_EQ(decodeAnswer(json), Answer(Malformed{}));
+    }
+}
+
 TEST(ScanMessagesTest, AnswersADraftWithoutAJsonFormAsNone) {
     Subscription draft = sampleSubscription();
     draft.amount = std::numeric_limits<double>::infinity();

@@ -15,6 +15,7 @@
 #include <string>
 #include <sys/resource.h>
 #include <unistd.h>
+#include <vector>
 
 using namespace tovarin;
 using namespace Qt::Literals::StringLiterals;
@@ -55,6 +56,12 @@ QByteArray draftAnswer(const QString &name) {
     std::_Exit(EXIT_FAILURE);
 }
 
+/// More than a scanner may keep, and keeps it.
+void takeMemory() {
+    static std::vector<char> memory;
+    memory.assign(std::size_t{300} << 20, 'x');
+}
+
 void behaveAs(const QString &kind) {
     if (kind == u"crash")
         crash();
@@ -77,6 +84,13 @@ void behaveAs(const QString &kind) {
     if (kind == u"flood") {
         for (const QByteArray block(64 * 1024, 'x');;)
             say(block);
+    }
+    if (kind == u"forged") {
+        Subscription other = draft(kind, {}, "en", 1);
+        other.id = QUuid(u"11111111-2222-4333-8444-555555555555"_s);
+        other.isActive = false;
+        other.serviceID = u"netflix"_s;
+        say(ScanMessages::encodeAnswer(other));
     }
     if (kind == u"unnamed")
         say(draftAnswer({}));
@@ -116,6 +130,8 @@ int main(int argc, char **argv) {
             return EXIT_FAILURE;
         ++asked;
         const QString name = QFileInfo(*path).completeBaseName();
+        if (name == u"bill that costs memory")
+            takeMemory();
         if (name.startsWith("bill"_L1))
             say(ScanMessages::encodeAnswer(draft(name, *path, argc > 1 ? argv[1] : "", asked)));
         else
