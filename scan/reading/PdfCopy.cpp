@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -15,9 +16,28 @@ namespace tovarin {
 
 namespace {
 
+// qpdf makes a page of each entry of the tree, be it the same a million times, and keeps them all.
+constexpr std::size_t mostTreeEntries = 20'000;
+
+/// Throws when the tree of pages has more entries than a bill can have.
+void checkSize(QPDF &document) {
+    std::vector<QPDFObjectHandle> waiting = {document.getRoot().getKey("/Pages")};
+    for (std::size_t seen = 0; !waiting.empty(); ++seen) {
+        QPDFObjectHandle kids = waiting.back().isDictionary() ? waiting.back().getKey("/Kids")
+                                                              : QPDFObjectHandle::newNull();
+        waiting.pop_back();
+        const auto count = kids.isArray() ? static_cast<std::size_t>(kids.getArrayNItems()) : 0;
+        if (seen + waiting.size() + count > mostTreeEntries)
+            throw std::length_error("too many pages");
+        for (std::size_t i = 0; i < count; ++i)
+            waiting.push_back(kids.getArrayItem(static_cast<int>(i)));
+    }
+}
+
 void open(QPDF &document, const QByteArray &pdf) {
     document.setSuppressWarnings(true);
     document.processMemoryFile("bill", pdf.constData(), static_cast<std::size_t>(pdf.size()));
+    checkSize(document);
     document.pushInheritedAttributesToPage();
 }
 

@@ -14,7 +14,7 @@ namespace tovarin {
 /// file of no pages without a word. libqpdf mends what it can of a damaged file and says nothing.
 ///
 /// Both functions throw std::exception when no document can be made of the bytes, or only with a
-/// password.
+/// password, or when its tree of pages has more than 20,000 pages and nodes, or none of them ends.
 
 /// The document for reading its text: upright pages with whole media boxes, without pictures,
 /// outlines and attachments.

@@ -19,9 +19,13 @@ namespace {
 constexpr double pixelsPerPoint = 2;
 
 /// PDFium ends lines with U+000D U+000A and joins a word that is hyphenated at the end of a line to
-/// its rest by U+FFFE, which is no character. The page shows the hyphen and the line's end.
+/// its rest by U+FFFE, which is no character. The page shows the hyphen and the line's end. Other
+/// line ends stand in a text layer only if whoever wrote it put them there.
 QString withPlainLines(QString text) {
-    return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').replace(QChar(0xFFFE), u"-\n"_s);
+    text.replace(u"\r\n"_s, u"\n"_s).replace(QChar(0xFFFE), u"-\n"_s);
+    for (const QChar lineEnd : {QChar(u'\r'), QChar(0x85), QChar(0x2028), QChar(0x2029)})
+        text.replace(lineEnd, u'\n');
+    return text;
 }
 
 } // namespace

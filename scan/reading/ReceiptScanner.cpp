@@ -12,6 +12,7 @@
 #include <QStringList>
 
 #include <exception>
+#include <new>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -77,6 +78,8 @@ std::optional<Subscription> scanPDF(const QUrl &url, const Services &services) {
         if (text.isEmpty())
             return std::nullopt;
         return ReceiptParser::parse(text, services.clock, services.calendar);
+    } catch (const std::bad_alloc &) {
+        throw;
     } catch (const std::exception &) {
         return std::nullopt;
     }
@@ -92,6 +95,8 @@ QString recognizeText(const QImage &image, TextRecognizer &recognizer) {
                 lines.append(observation.candidates.first().text);
         }
         return lines.join(u'\n');
+    } catch (const std::bad_alloc &) {
+        throw;
     } catch (const std::exception &) {
         return {};
     }

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <new>
 #include <numeric>
 #include <opencv2/core/utility.hpp>
 #include <opencv2/imgproc.hpp>
@@ -135,8 +136,16 @@ std::vector<NeuralTextRecognizer::Piece> NeuralTextRecognizer::readUpright(const
 }
 
 QList<TextObservation> NeuralTextRecognizer::recognize(const QImage &bitmap) {
-    if (bitmap.isNull())
-        return {};
+    try {
+        return bitmap.isNull() ? QList<TextObservation>() : observationsOn(bitmap);
+    } catch (const cv::Exception &fault) {
+        if (fault.code == cv::Error::StsNoMem)
+            throw std::bad_alloc();
+        throw;
+    }
+}
+
+QList<TextObservation> NeuralTextRecognizer::observationsOn(const QImage &bitmap) {
     const QImage picture = bitmap.convertToFormat(QImage::Format_BGR888);
     const cv::Mat page = pixelsOf(picture);
     PageTurn turn(page.size());

@@ -22,6 +22,7 @@ public:
     /// the time only. Throws std::exception when a model cannot be read.
     explicit NeuralTextRecognizer(const std::filesystem::path &models, int threads = 2);
 
+    /// Throws std::bad_alloc when there is not enough memory.
     QList<TextObservation> recognize(const QImage &bitmap) override;
 
 private:
@@ -32,6 +33,7 @@ private:
         float confidence = 0; ///< Before anything was put back.
     };
 
+    QList<TextObservation> observationsOn(const QImage &bitmap);
     std::vector<Piece> readUpright(const cv::Mat &bitmap, PageTurn &turn);
     std::vector<Piece> read(const cv::Mat &page, const std::vector<Quad> &boxes);
     Piece readPiece(LineReader &reader, const cv::Mat &page, const Quad &box);

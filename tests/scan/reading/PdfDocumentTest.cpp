@@ -75,6 +75,12 @@ TEST(PdfTextTest, BeginsEachPageOnANewLine) {
               u"one\ntwo\nthree\n\nfour"_s);
 }
 
+TEST(PdfTextTest, EndsItsLinesWithLineFeedsOnly) {
+    EXPECT_EQ(textOf(pdfOf({{lines({"ABCDEFG"}, "F2")}}, {},
+                           {u'a', 0x2028, u'b', 0x2029, u'c', 0x85, u'd'})),
+              u"a\nb\nc\nd"_s);
+}
+
 TEST(PdfTextTest, IsEmptyWithoutATextLayer) {
     EXPECT_EQ(textOf(pdfOf({{scan()}})), QString());
     EXPECT_EQ(textOf(pdfOf({{}})), QString());
@@ -247,6 +253,14 @@ TEST(PdfCopyTest, RefusesWhatIsNoDocument) {
     for (const QByteArray &bytes :
          {""_ba, "%PDF-1.5"_ba, "GIF89a"_ba, QByteArray(1000, '\0'), pdf.first(60)})
         EXPECT_THROW(pdfCopyForText(bytes), std::exception);
+}
+
+TEST(PdfCopyTest, RefusesAnAbsurdNumberOfPages) {
+    const auto ofPages = [](qsizetype count) { return pdfOf(QList<PdfPage>(count, PdfPage{})); };
+    EXPECT_EQ(PdfDocument(pdfCopyForText(ofPages(1000))).pageCount(), 1000);
+    const QByteArray tooMany = ofPages(20'001);
+    EXPECT_THROW(pdfCopyForText(tooMany), std::length_error);
+    EXPECT_THROW(pdfCopyForDrawing(tooMany, 3), std::length_error);
 }
 
 TEST(PdfCopyTest, OfNoPagesHasNoPages) {

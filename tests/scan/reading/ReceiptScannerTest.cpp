@@ -16,6 +16,7 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
 #include <stdexcept>
 
 using namespace Qt::Literals::StringLiterals;
@@ -38,6 +39,8 @@ class ScriptedRecognizer final : public TextRecognizer {
 public:
     QList<TextObservation> recognize(const QImage &bitmap) override {
         bitmaps.append(bitmap);
+        if (lacksMemory)
+            throw std::bad_alloc();
         if (breaks)
             throw std::runtime_error("broken");
         QList<TextObservation> observations;
@@ -48,6 +51,7 @@ public:
 
     QList<QStringList> texts; ///< The lines of each bitmap.
     bool breaks = false;
+    bool lacksMemory = false;
     QList<QImage> bitmaps;
 };
 
@@ -182,6 +186,12 @@ TEST_F(ReceiptScannerTest, GivesADraftForAnImageThatCannotBeRecognized) {
     expectParsed(putImage(u"bill.png"_s), QString());
 }
 
+TEST_F(ReceiptScannerTest, SaysSoWhenMemoryIsLacking) {
+    recognizer.lacksMemory = true;
+    EXPECT_THROW(scanned({putImage(u"bill.png"_s)}), std::bad_alloc);
+    EXPECT_THROW(scanned({put(u"bill.pdf"_s, pdfOf({{scan()}}))}), std::bad_alloc);
+}
+
 /// Meant: an image always gives a row, a PDF without text none.
 TEST_F(ReceiptScannerTest, GivesNoDraftForAPdfWithoutText) {
     EXPECT_EQ(scanned({put(u"blank.pdf"_s, pdfOf({{}, {}}))}).size(), 0);
@@ -219,6 +229,12 @@ TEST_F(ReceiptScannerTest, RecognizesAPdfWhoseTextLayerIsBlank) {
 }
 
 /// U+200B is no white space.
+TEST_F(ReceiptScannerTest, ParsesTheTextLayerWithoutTheWhiteSpaceAroundIt) {
+    const QByteArray pdf = pdfOf({{lines({"AABCDEFGA", "A"}, "F2")}}, {},
+                                 {0x3000, u'N', u'e', u't', u'f', u'l', u'i'});
+    expectParsed(put(u"bill.pdf"_s, pdf), u"Netfli"_s);
+}
+
 TEST_F(ReceiptScannerTest, CountsAnythingElseAsText) {
     expectParsed(put(u"bill.pdf"_s, pdfOf({{lines({"A"}, "F2")}}, {}, {U'\u200B'})), u"\u200B"_s);
     EXPECT_EQ(recognizer.bitmaps.size(), 0);
