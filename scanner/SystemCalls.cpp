@@ -75,9 +75,15 @@ scmp_arg_cmp isNull(unsigned argument) {
 
 void allowMemory(Filter &filter) {
     filter.allow({SCMP_SYS(brk), SCMP_SYS(munmap), SCMP_SYS(mremap), SCMP_SYS(madvise)});
-    // What may be written never becomes what may be run: code comes from files only.
-    filter.allow(SCMP_SYS(mmap), {hasBits(2, PROT_EXEC, 0)});
-    filter.allow(SCMP_SYS(mmap), {hasBits(2, PROT_WRITE | PROT_EXEC, PROT_EXEC)});
+    // What may be written never becomes what may be run: code comes from files only. What is
+    // written is private and does not grow by itself, so that the limit counts it.
+    constexpr int growsOrIsNoFile = MAP_GROWSDOWN | MAP_ANONYMOUS;
+    filter.allow(SCMP_SYS(mmap),
+                 {hasBits(2, PROT_EXEC, 0), hasBits(3, MAP_TYPE | MAP_GROWSDOWN, MAP_PRIVATE)});
+    filter.allow(SCMP_SYS(mmap),
+                 {hasBits(2, PROT_WRITE | PROT_EXEC, 0), hasBits(3, growsOrIsNoFile, 0)});
+    filter.allow(SCMP_SYS(mmap),
+                 {hasBits(2, PROT_WRITE | PROT_EXEC, PROT_EXEC), hasBits(3, growsOrIsNoFile, 0)});
     filter.allow(SCMP_SYS(mprotect), {hasBits(2, PROT_EXEC, 0)});
 }
 

@@ -15,17 +15,26 @@
 #include "scanner/Sandbox.h"
 #include "scanner/TextModels.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <cstdlib>
 #include <iostream>
 #include <malloc.h>
+#include <new>
 #include <string>
 
 using namespace tovarin;
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+/// Nobody reads what Qt complains of: that it has no desktop here, or that a file is broken.
+void keepSilent(QtMsgType, const QMessageLogContext &, const QString &) {}
+
+/// Without memory there is no answer that could be trusted.
+[[noreturn]] void giveUp() {
+    std::_Exit(EXIT_FAILURE);
+}
 
 /// Keeps the process from growing from file to file: what is large goes back to the system as soon
 /// as it is free, and the threads share two heaps.
@@ -59,16 +68,20 @@ void answerRequests(const ReceiptScanner::Services &services) {
 } // namespace
 
 int main(int argc, char **argv) {
+    std::set_new_handler(giveUp);
+    qInstallMessageHandler(keepSilent);
     keepHeapSmall();
     if (argc != 2 || !enterSandbox())
         return EXIT_FAILURE;
-    const QCoreApplication application(argc, argv);
+    // Drawings may hold text, which is drawn with fonts; nothing is shown.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
     speak(argv[1]);
 
     const SystemClock clock;
     const UserCalendar calendar = UserCalendar::current(processEnvironment());
     RecognizerOnDemand recognizer(
-        textModelsFolder(QCoreApplication::applicationDirPath()).toStdString());
+        textModelsFolder(QGuiApplication::applicationDirPath()).toStdString());
     answerRequests({.recognizer = recognizer, .clock = clock, .calendar = calendar});
     return EXIT_SUCCESS;
 }

@@ -54,6 +54,17 @@ int mapMemory(int protection) {
     return memory == MAP_FAILED ? errno : 0;
 }
 
+int mapSharedMemory() {
+    void *memory = mmap(nullptr, 4096, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    return memory == MAP_FAILED ? errno : 0;
+}
+
+int growMemory() {
+    void *memory = mmap(nullptr, 4096, PROT_READ | PROT_WRITE,
+                        MAP_PRIVATE | MAP_ANONYMOUS | MAP_GROWSDOWN, -1, 0);
+    return memory == MAP_FAILED ? errno : 0;
+}
+
 int makeMemoryRun() {
     void *memory = mmap(nullptr, 4096, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     return memory == MAP_FAILED ? errno : result(mprotect(memory, 4096, PROT_READ | PROT_EXEC));
@@ -180,6 +191,8 @@ const std::vector<Attempt> &attempts() {
         {"leave the process group", EPERM, [] { return result(setpgid(0, 0)); }},
         {"unshare", EPERM, [] { return result(unshare(CLONE_FS)); }},
 
+        {"map memory to share", EPERM, mapSharedMemory},
+        {"map memory that grows", EPERM, growMemory},
         {"map memory to write and run", EPERM,
          [] { return mapMemory(PROT_READ | PROT_WRITE | PROT_EXEC); }},
         {"make memory run", EPERM, makeMemoryRun},

@@ -113,6 +113,19 @@ TEST(ScannerTest, ReadsEveryFormatInTheSandbox) {
     }
 }
 
+TEST(ScannerTest, ReadsADrawingWithTextInIt) {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"bill.svg"_s));
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    file.write(R"(<svg xmlns="http://www.w3.org/2000/svg" width="400" height="120">
+        <text x="20" y="70" font-size="40" font-family="sans-serif">Total $12.50</text></svg>)");
+    file.close();
+    const QList<Subscription> drafts = scan({QUrl::fromLocalFile(file.fileName())});
+    ASSERT_EQ(drafts.size(), 1);
+    EXPECT_EQ(drafts.first().amount, 12.5);
+    EXPECT_EQ(drafts.first().currency, u"USD"_s);
+}
+
 TEST(ScannerTest, GivesAPictureWithoutTextADraftAndAPdfWithoutNone) {
     const QList<Subscription> drafts =
         scan({sample(u"hazards/one-pixel.png"_s), sample(u"pdf/blank-page.pdf"_s)});
