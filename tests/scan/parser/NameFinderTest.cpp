@@ -138,6 +138,13 @@ TEST(DetectName, GivesAPointToTheFirstFiveLines) {
     EXPECT_EQ(detectName(u"\r\n合计\n\r\n合计\n合计\nSome\nSome 网"_s), u"Some 网"_s);
 }
 
+TEST(DetectName, KnowsEveryChineseCharacter) {
+    // Beyond the first block of them, too; the plain line above is only fallen back on.
+    for (const QString &name : {u"㐀㐁"_s, u"𠀀𠀁"_s, u"〇〇"_s, u"豈更"_s})
+        EXPECT_EQ(detectName(u"合计\n合计\n合计\n合计\n合计\nЖЖ\n"_s + name), name)
+            << name.toStdString();
+}
+
 TEST(DetectName, TakesTheEarliestOfEqualLines) {
     EXPECT_EQ(detectName(u"Netflix\nSpotify"_s), u"Netflix"_s);
     EXPECT_EQ(detectName(u"Spotify\nNetflix"_s), u"Spotify"_s);

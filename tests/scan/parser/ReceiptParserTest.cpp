@@ -168,6 +168,13 @@ TEST(Parse, ReadsWholeBills) {
         EXPECT_EQ(parsed(text), draft) << text.toStdString();
 }
 
+TEST(Parse, GuessesTheCategoryFromTheCleanedNameAsWell) {
+    // Only the name has the words side by side.
+    const Subscription draft = parsed(u"PS ¥5Plus"_s);
+    EXPECT_EQ(draft.name, u"PS Plus"_s);
+    EXPECT_EQ(draft.category, u"游戏"_s);
+}
+
 TEST(Parse, GivesEveryDraftAnIdOfItsOwn) {
     const ManualClock clock(now);
     const UserCalendar calendar = calendarIn("UTC");

@@ -6,10 +6,22 @@
 #include "tests/support/Printing.h"
 
 #include <gtest/gtest.h>
+#include <unicode/locid.h>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin::ReceiptParser {
+
+TEST(LowerCased, IsTheSameInEveryLocale) {
+    const icu::Locale before;
+    for (const char *locale : {"tr_TR", "az_AZ", "lt_LT"}) {
+        UErrorCode status = U_ZERO_ERROR;
+        icu::Locale::setDefault(icu::Locale(locale), status);
+        EXPECT_EQ(lowerCased(u"PAID IN ÌÍ"_s), u"paid in ìí"_s) << locale;
+    }
+    UErrorCode status = U_ZERO_ERROR;
+    icu::Locale::setDefault(before, status);
+}
 
 TEST(LowerCased, MapsWhateverHasALowerCase) {
     struct {
