@@ -20,8 +20,8 @@
 /// before: only the scanner process calls it.
 ///
 /// Every failure is absorbed and makes the result smaller. An image that can be loaded always gives
-/// a draft, a PDF without any text none: the difference is meant. Only the lack of memory is thrown,
-/// as std::bad_alloc: what comes after it could not be trusted.
+/// a draft, a PDF without any text none: the difference is meant. Only the lack of memory is
+/// thrown, as std::bad_alloc: what comes after it could not be trusted.
 namespace tovarin::ReceiptScanner {
 
 /// What the scanner works with; all must outlive the call.
