@@ -3,14 +3,18 @@
 
 #include "app/FileDialogPanel.h"
 #include "app/LocalizationManager.h"
+#include "catalog/ServiceLogo.h"
 #include "model/Store.h"
 #include "platform/ApplicationSupport.h"
+#include "platform/Bundle.h"
 #include "platform/Clock.h"
 #include "platform/UserCalendar.h"
 #include "scan/job/ScanJob.h"
 #include "scan/job/ScannerProgram.h"
+#include "ui/AppFonts.h"
 #include "ui/BillScanModel.h"
 #include "ui/ContentModel.h"
+#include "ui/ImageProviders.h"
 
 #include <QApplication>
 #include <QQmlApplicationEngine>
@@ -43,11 +47,15 @@ int main(int argc, char **argv) {
     QQuickStyle::setStyle(u"Basic"_s);
     const QApplication application(argc, argv);
 
+    const Bundle bundle(u":/resources"_s);
+    AppFonts::registerBundledFonts(bundle);
+    const ServiceLogo logos(bundle);
+
     const SystemClock clock;
     const UserCalendar calendar = UserCalendar::current(processEnvironment());
     const LocalizationManager &loc = LocalizationManager::shared();
     Store store(applicationSupportFolder(processEnvironment()), clock, calendar);
-    ContentModel content(store, clock, calendar, loc);
+    ContentModel content(store, clock, calendar, loc, logos);
     QObject::connect(&application, &QGuiApplication::applicationStateChanged, &content,
                      &ContentModel::noticeDay);
     ScanJob scanJob(scannerProgram(QApplication::applicationDirPath()));
@@ -56,6 +64,7 @@ int main(int argc, char **argv) {
 
     QQmlApplicationEngine engine;
     engine.addImportPath(u"qrc:/"_s);
+    addImageProviders(engine, bundle, logos);
     engine.setInitialProperties(
         {{u"content"_s, QVariant::fromValue(&content)}, {u"bills"_s, QVariant::fromValue(&bills)}});
     engine.load(QUrl(u"qrc:/Tovarin/Main.qml"_s));

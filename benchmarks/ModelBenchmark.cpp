@@ -136,7 +136,9 @@ void save(benchmark::State &state) {
 void derive(benchmark::State &state) {
     const StoredList stored(state.range(0));
     const Store store(stored.home.path(), stored.clock, stored.calendar);
-    const ContentModel content(store, stored.clock, stored.calendar, LocalizationManager::shared());
+    const ServiceLogo logos(Bundle(QStringLiteral(":/resources")));
+    const ContentModel content(store, stored.clock, stored.calendar, LocalizationManager::shared(),
+                               logos);
     for (auto _ : state) {
         benchmark::DoNotOptimize(store.totalMonthlyCNY());
         benchmark::DoNotOptimize(store.activeSubscriptions().size());

@@ -34,12 +34,14 @@ bool comesBefore(const Ranked &a, const Ranked &b) {
 } // namespace
 
 ContentModel::ContentModel(const Store &store, const Clock &clock, const UserCalendar &calendar,
-                           const LocalizationManager &loc, QObject *parent)
+                           const LocalizationManager &loc, const ServiceLogo &logos,
+                           QObject *parent)
     : QObject(parent)
     , m_store(store)
     , m_clock(clock)
     , m_calendar(calendar)
-    , m_subscriptions(calendar) {
+    , m_subscriptions(calendar, logos)
+    , m_upcoming(logos) {
     update();
     connect(&store, &Store::subscriptionsDidChange, this, &ContentModel::update);
     connect(&loc, &LocalizationManager::langDidChange, this, &ContentModel::update);

@@ -35,9 +35,10 @@ class ContentModel final : public QObject {
     Q_PROPERTY(tovarin::UpcomingListModel *upcoming READ upcoming CONSTANT FINAL)
 
 public:
-    /// All four must outlive the model.
+    /// All five must outlive the model.
     ContentModel(const Store &store, const Clock &clock, const UserCalendar &calendar,
-                 const LocalizationManager &loc, QObject *parent = nullptr);
+                 const LocalizationManager &loc, const ServiceLogo &logos,
+                 QObject *parent = nullptr);
 
     /// In the currency of the language.
     QString monthlySpend() const { return m_monthlySpend; }

@@ -20,9 +20,17 @@ FocusScope {
         anchors.right: parent.right
         height: 60
 
-        ThemeText {
+        BrandMark {
+            id: mark
+
             anchors.left: parent.left
             anchors.leftMargin: Theme.pageMargin
+            anchors.verticalCenter: parent.verticalCenter
+            size: 30
+        }
+        ThemeText {
+            anchors.left: mark.right
+            anchors.leftMargin: 10
             anchors.verticalCenter: parent.verticalCenter
             text: "Tovarin"
             font.pixelSize: 18

@@ -98,6 +98,7 @@ HUDSurface {
 
             SoftButton {
                 prominent: true
+                icon.name: "text.viewfinder"
                 enabled: !root.bills.isScanning
                 title: root.bills.isScanning
                        ? (root.isZh ? "识别中 " : "Scanning ") + root.bills.filesDone + "/"

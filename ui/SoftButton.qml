@@ -13,7 +13,10 @@ T.AbstractButton {
     required property string title
     property bool prominent: false
 
+    readonly property color ink: prominent ? Theme.onAccent : Theme.text
+
     implicitWidth: implicitContentWidth + 36
+    leftPadding: (width - implicitContentWidth) / 2
     implicitHeight: 40
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
@@ -45,13 +48,22 @@ T.AbstractButton {
         border.color: root.visualFocus ? (root.prominent ? Theme.text : Theme.accent)
                                        : Theme.hairline
     }
-    contentItem: ThemeText {
-        text: root.title
-        color: root.prominent ? Theme.onAccent : Theme.text
-        horizontalAlignment: Text.AlignHCenter
-        verticalAlignment: Text.AlignVCenter
-        font.pixelSize: 14
-        font.weight: Font.DemiBold
-        Accessible.ignored: true
+    contentItem: Row {
+        spacing: 6
+
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: root.icon.name !== ""
+            name: root.icon.name
+            color: root.ink
+        }
+        ThemeText {
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.title
+            color: root.ink
+            font.pixelSize: 14
+            font.weight: Font.DemiBold
+            Accessible.ignored: true
+        }
     }
 }

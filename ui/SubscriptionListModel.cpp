@@ -3,10 +3,13 @@
 
 #include "ui/SubscriptionListModel.h"
 
+#include "catalog/Avatar.h"
+
 namespace tovarin {
 
-SubscriptionListModel::SubscriptionListModel(const UserCalendar &calendar, QObject *parent)
-    : QAbstractListModel(parent), m_calendar(calendar) {}
+SubscriptionListModel::SubscriptionListModel(const UserCalendar &calendar, const ServiceLogo &logos,
+                                             QObject *parent)
+    : QAbstractListModel(parent), m_calendar(calendar), m_logos(logos) {}
 
 void SubscriptionListModel::show(const QList<Subscription> &subs, Instant now) {
     const bool isSameLength = subs.size() == m_subs.size();
@@ -42,6 +45,10 @@ QVariant SubscriptionListModel::data(const QModelIndex &index, int role) const {
         return texts(index.row()).monthlyText;
     case IsActiveRole:
         return texts(index.row()).isActive;
+    case LogoIDRole:
+        return m_logos.presetID(m_subs[index.row()]);
+    case AvatarLetterRole:
+        return avatarLetter(m_subs[index.row()].name);
     default:
         return {};
     }
@@ -53,7 +60,9 @@ QHash<int, QByteArray> SubscriptionListModel::roleNames() const {
             {SubtitleRole, "subtitle"},
             {AmountTextRole, "amountText"},
             {MonthlyTextRole, "monthlyText"},
-            {IsActiveRole, "isActive"}};
+            {IsActiveRole, "isActive"},
+            {LogoIDRole, "logoID"},
+            {AvatarLetterRole, "avatarLetter"}};
 }
 
 const SubscriptionTexts &SubscriptionListModel::texts(int row) const {

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "catalog/ServiceLogo.h"
 #include "model/Subscription.h"
 #include "ui/SubscriptionTexts.h"
 
@@ -29,11 +30,14 @@ public:
         AmountTextRole,
         MonthlyTextRole,
         IsActiveRole,
+        LogoIDRole,       ///< Of the service whose logo is shown; empty for the letter.
+        AvatarLetterRole, ///< Stands in the place of a logo.
     };
     Q_ENUM(Role)
 
-    /// `calendar` must outlive the model.
-    explicit SubscriptionListModel(const UserCalendar &calendar, QObject *parent = nullptr);
+    /// Both must outlive the model.
+    SubscriptionListModel(const UserCalendar &calendar, const ServiceLogo &logos,
+                          QObject *parent = nullptr);
 
     /// Shows these entries as they read at `now`, in the language of the moment. While their number
     /// stays the same, a view keeps its place.
@@ -47,6 +51,7 @@ private:
     const SubscriptionTexts &texts(int row) const;
 
     const UserCalendar &m_calendar;
+    const ServiceLogo &m_logos;
     QList<Subscription> m_subs;
     Instant m_now;
     mutable std::vector<std::optional<SubscriptionTexts>> m_texts;

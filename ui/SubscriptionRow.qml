@@ -15,6 +15,8 @@ Item {
     required property string amountText
     required property string monthlyText
     required property bool isActive
+    required property string logoID
+    required property string avatarLetter
 
     implicitHeight: 68
 
@@ -34,8 +36,14 @@ Item {
         anchors.fill: parent
         anchors.leftMargin: Theme.pageMargin
         anchors.rightMargin: Theme.pageMargin
-        spacing: 24
+        spacing: 14
 
+        SubscriptionIconView {
+            logoID: root.logoID
+            letter: root.avatarLetter
+            size: 42
+            dimmed: !root.isActive
+        }
         ColumnLayout {
             Layout.fillWidth: true
             spacing: 3
@@ -90,6 +98,7 @@ Item {
                 Layout.alignment: Qt.AlignRight
                 text: root.amountText
                 color: Theme.accent
+                font.family: Theme.tabularFamily
                 font.pixelSize: 15
                 font.weight: Font.DemiBold
             }
@@ -100,6 +109,11 @@ Item {
                 color: Theme.textTertiary
                 font.pixelSize: 11
             }
+        }
+        Symbol {
+            name: "chevron.right"
+            size: 13
+            color: Theme.textTertiary
         }
     }
 }

@@ -24,7 +24,10 @@ QtObject {
     readonly property color lineStrong: Qt.rgba(1, 1, 1, 0.28)
     readonly property color warmHairline: Qt.rgba(246 / 255, 201 / 255, 74 / 255, 0.48)
 
-    readonly property string fontFamily: "Noto Sans CJK SC"
+    // Noto Sans CJK SC stands in for what Poppins lacks: AppFonts.h.
+    readonly property string fontFamily: "Poppins"
+    // With digits of one width.
+    readonly property string tabularFamily: "Poppins Tabular"
 
     // Between the sides of the window and what it shows.
     readonly property int pageMargin: 28

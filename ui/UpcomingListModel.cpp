@@ -3,10 +3,13 @@
 
 #include "ui/UpcomingListModel.h"
 
+#include "catalog/Avatar.h"
+
 namespace tovarin {
 
 void UpcomingListModel::show(const QList<Store::Upcoming> &upcoming) {
     beginResetModel();
+    m_upcoming = upcoming;
     m_texts.clear();
     m_texts.reserve(upcoming.size());
     for (const Store::Upcoming &charge : upcoming)
@@ -32,16 +35,19 @@ QVariant UpcomingListModel::data(const QModelIndex &index, int role) const {
         return texts.dueText;
     case IsTodayRole:
         return texts.isToday;
+    case LogoIDRole:
+        return m_logos.presetID(m_upcoming[index.row()].sub);
+    case AvatarLetterRole:
+        return avatarLetter(m_upcoming[index.row()].sub.name);
     default:
         return {};
     }
 }
 
 QHash<int, QByteArray> UpcomingListModel::roleNames() const {
-    return {{NameRole, "name"},
-            {AmountTextRole, "amountText"},
-            {DueTextRole, "dueText"},
-            {IsTodayRole, "isToday"}};
+    return {{NameRole, "name"},       {AmountTextRole, "amountText"},
+            {DueTextRole, "dueText"}, {IsTodayRole, "isToday"},
+            {LogoIDRole, "logoID"},   {AvatarLetterRole, "avatarLetter"}};
 }
 
 } // namespace tovarin

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "catalog/ServiceLogo.h"
 #include "model/Store.h"
 #include "ui/SubscriptionTexts.h"
 
@@ -18,10 +19,19 @@ class UpcomingListModel : public QAbstractListModel {
     QML_UNCREATABLE("The main window's model has it.")
 
 public:
-    enum Role { NameRole = Qt::UserRole, AmountTextRole, DueTextRole, IsTodayRole };
+    enum Role {
+        NameRole = Qt::UserRole,
+        AmountTextRole,
+        DueTextRole,
+        IsTodayRole,
+        LogoIDRole,       ///< Of the service whose logo is shown; empty for the letter.
+        AvatarLetterRole, ///< Stands in the place of a logo.
+    };
     Q_ENUM(Role)
 
-    using QAbstractListModel::QAbstractListModel;
+    /// `logos` must outlive the model.
+    explicit UpcomingListModel(const ServiceLogo &logos, QObject *parent = nullptr)
+        : QAbstractListModel(parent), m_logos(logos) {}
 
     /// Shows these charges in the language of the moment.
     void show(const QList<Store::Upcoming> &upcoming);
@@ -31,6 +41,8 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
 private:
+    const ServiceLogo &m_logos;
+    QList<Store::Upcoming> m_upcoming;
     QList<UpcomingTexts> m_texts;
 };
 

@@ -12,6 +12,8 @@ Item {
     required property string amountText
     required property string dueText
     required property bool isToday
+    required property string logoID
+    required property string avatarLetter
 
     implicitHeight: 44
 
@@ -20,8 +22,14 @@ Item {
 
     RowLayout {
         anchors.fill: parent
-        spacing: 16
+        spacing: 12
 
+        SubscriptionIconView {
+            logoID: root.logoID
+            letter: root.avatarLetter
+            size: 28
+            cornerRadius: 7
+        }
         ThemeText {
             Layout.fillWidth: true
             text: root.name

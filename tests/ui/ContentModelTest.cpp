@@ -70,7 +70,8 @@ protected:
     ManualClock clock{instant("2025-03-10T02:00:00Z")};
     UserCalendar calendar = calendarIn("Asia/Shanghai");
     Store store{folder.path(), clock, calendar};
-    ContentModel content{store, clock, calendar, LocalizationManager::shared()};
+    ServiceLogo logos{Bundle(u":/resources"_s)};
+    ContentModel content{store, clock, calendar, LocalizationManager::shared(), logos};
 };
 
 } // namespace
@@ -162,6 +163,28 @@ TEST_F(ContentModelTest, GivesEveryTextOfARowToTheView) {
     EXPECT_EQ(column(rows, "isActive"), (QStringList{u"true"_s, u"false"_s}));
 }
 
+TEST_F(ContentModelTest, GivesEveryRowItsIcon) {
+    Subscription evenings = entry(u"Evenings"_s, 7);
+    evenings.serviceID = u"spotify"_s;
+    store.addAll({entry(u"netflix premium"_s, 9), entry(u"  zoom"_s, 8), evenings,
+                  // In the catalog, but without a logo: the letter, not the symbol.
+                  entry(u"优酷 VIP"_s, 6), entry(QString(), 5)});
+    const QStringList logoIDs = {u"netflix"_s, QString(), u"spotify"_s, QString(), QString()};
+    const QStringList letters = {u"N"_s, u"Z"_s, u"E"_s, u"优"_s, u"•"_s};
+    EXPECT_EQ(column(*content.subscriptions(), "logoID"), logoIDs);
+    EXPECT_EQ(column(*content.subscriptions(), "avatarLetter"), letters);
+}
+
+TEST_F(ContentModelTest, GivesEveryChargeItsIcon) {
+    Subscription netflix = startingOn("2025-03-12T04:00:00Z");
+    netflix.name = u"Netflix"_s;
+    Subscription zoom = startingOn("2025-03-13T04:00:00Z");
+    zoom.name = u"zoom"_s;
+    store.addAll({zoom, netflix});
+    EXPECT_EQ(column(*content.upcoming(), "logoID"), QStringList({u"netflix"_s, QString()}));
+    EXPECT_EQ(column(*content.upcoming(), "avatarLetter"), QStringList({u"N"_s, u"Z"_s}));
+}
+
 TEST_F(ContentModelTest, FollowsEveryChangeOfTheList) {
     QSignalSpy changed(&content, &ContentModel::changed);
     Subscription sub = entry(u"First"_s, 72);
@@ -244,7 +267,7 @@ TEST_F(ContentModelTest, NoticesAnotherDayInTheUsersZone) {
 TEST_F(ContentModelTest, ShowsTheListThatWasThereBefore) {
     store.add(entry(u"Stored"_s, 36));
     const Store reopened(folder.path(), clock, calendar);
-    ContentModel later(reopened, clock, calendar, LocalizationManager::shared());
+    ContentModel later(reopened, clock, calendar, LocalizationManager::shared(), logos);
     EXPECT_EQ(later.count(), 1);
     EXPECT_EQ(later.monthlySpend(), u"$5"_s);
 }

@@ -11,8 +11,10 @@
 #include "tests/support/Printing.h"
 #include "tests/support/Samples.h"
 #include "tests/support/ScriptedPanel.h"
+#include "ui/AppFonts.h"
 #include "ui/BillScanModel.h"
 #include "ui/ContentModel.h"
+#include "ui/ImageProviders.h"
 
 #include <QDir>
 #include <QDropEvent>
@@ -62,6 +64,7 @@ protected:
     Screens() {
         complaints.clear();
         engine.addImportPath(u"qrc:/"_s);
+        addImageProviders(engine, bundle, logos);
     }
 
     ~Screens() override { EXPECT_EQ(complaints, QStringList()); }
@@ -73,7 +76,7 @@ protected:
 
     void open() {
         store.emplace(folder.path(), clock, calendar);
-        content.emplace(*store, clock, calendar, LocalizationManager::shared());
+        content.emplace(*store, clock, calendar, LocalizationManager::shared(), logos);
         bills.emplace(job, panel, *store);
         engine.setInitialProperties({{u"content"_s, QVariant::fromValue(&*content)},
                                      {u"bills"_s, QVariant::fromValue(&*bills)}});
@@ -160,6 +163,8 @@ protected:
     LanguageScope language{GetParam()};
     ManualClock clock{instant("2025-06-10T01:00:00Z")};
     UserCalendar calendar = calendarIn("Asia/Shanghai");
+    Bundle bundle{u":/resources"_s};
+    ServiceLogo logos{bundle};
     std::optional<Store> store;
     std::optional<ContentModel> content;
     ScanJob job{standInScanner(), amply};
@@ -393,5 +398,6 @@ int main(int argc, char **argv) {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QQuickStyle::setStyle(u"Basic"_s);
     const QGuiApplication application(argc, argv);
+    tovarin::AppFonts::registerBundledFonts(tovarin::Bundle(u":/resources"_s));
     return RUN_ALL_TESTS();
 }

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+class QQmlEngine;
+
+namespace tovarin {
+
+class Bundle;
+class ServiceLogo;
+
+/// Gives the engine what the screens draw: symbols and logos. `logos` must outlive it.
+void addImageProviders(QQmlEngine &engine, const Bundle &bundle, const ServiceLogo &logos);
+
+} // namespace tovarin
