@@ -12,8 +12,8 @@ Rectangle {
     property real size: 42
     property bool dimmed: false
 
-    width: size
-    height: size
+    implicitWidth: size
+    implicitHeight: size
     radius: size * 0.26
     color: Qt.rgba(1, 1, 1, dimmed ? 0.04 : 0.08)
 

@@ -4,14 +4,20 @@
 import QtQuick
 
 // The program's own mark.
-Image {
+Item {
+    id: root
+
     property real size: 32
 
-    width: size
-    height: size
-    source: "qrc:/resources/BrandMark.png"
-    sourceSize.width: Math.ceil(size * Screen.devicePixelRatio)
-    sourceSize.height: Math.ceil(size * Screen.devicePixelRatio)
-    mipmap: true
+    implicitWidth: size
+    implicitHeight: size
     Accessible.ignored: true
+
+    Image {
+        anchors.fill: parent
+        source: "qrc:/resources/BrandMark.png"
+        sourceSize.width: Math.ceil(root.size * Screen.devicePixelRatio)
+        sourceSize.height: Math.ceil(root.size * Screen.devicePixelRatio)
+        Accessible.ignored: true
+    }
 }

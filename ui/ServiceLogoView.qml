@@ -18,8 +18,8 @@ Item {
 
     readonly property bool hasLogo: logoID !== ""
 
-    width: size
-    height: size
+    implicitWidth: size
+    implicitHeight: size
     Accessible.ignored: true
 
     Image {
