@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
-import QtQuick.Controls.Basic
 import Tovarin
 
 FocusScope {
@@ -100,13 +99,6 @@ FocusScope {
 
         ScrollBar.vertical: ScrollBar {
             id: scrollBar
-
-            contentItem: Rectangle {
-                implicitWidth: 6
-                radius: 3
-                color: scrollBar.pressed ? Theme.textSecondary : Theme.lineStrong
-                visible: scrollBar.size < 1
-            }
         }
 
         // In Qt 6.4 a header cannot be made while this file binds its components to their context,

@@ -35,8 +35,7 @@ Item {
         anchors.fill: parent
         radius: root.cornerRadius
         color: root.hasLogo ? "transparent"
-                            : root.selected ? Qt.rgba(Theme.accent.r, Theme.accent.g,
-                                                      Theme.accent.b, 0.08)
+                            : root.selected ? Qt.alpha(Theme.accent, 0.08)
                                             : Qt.rgba(1, 1, 1, 0.06)
         border.width: root.hasLogo ? 1 : 0
         border.color: Qt.rgba(1, 1, 1, 0.12)

@@ -3,9 +3,11 @@
 
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Templates as T
 import Tovarin
 
-Item {
+// A subscription in the list. It can be pressed where something opens by it.
+T.AbstractButton {
     id: root
 
     required property int index
@@ -18,24 +20,52 @@ Item {
     required property string logoID
     required property string avatarLetter
 
+    property bool pressable: false
+
     implicitHeight: 68
+    leftPadding: Theme.pageMargin
+    rightPadding: Theme.pageMargin
+    focusPolicy: pressable ? Qt.StrongFocus : Qt.NoFocus
+    hoverEnabled: pressable
 
     Accessible.role: Accessible.ListItem
     Accessible.name: name
+    Accessible.onPressAction: {
+        if (pressable)
+            clicked();
+    }
+    Keys.onReturnPressed: event => press(event)
+    Keys.onEnterPressed: event => press(event)
 
-    Rectangle {
-        x: Theme.pageMargin
-        width: root.width - 2 * Theme.pageMargin
-        height: 1
-        color: Theme.hairline
-        opacity: 0.6
-        visible: root.index > 0
+    // Once for a key that is held.
+    function press(event: KeyEvent) {
+        if (pressable && !event.isAutoRepeat)
+            clicked();
     }
 
-    RowLayout {
-        anchors.fill: parent
-        anchors.leftMargin: Theme.pageMargin
-        anchors.rightMargin: Theme.pageMargin
+    background: Item {
+        Rectangle {
+            x: Theme.pageMargin
+            width: parent.width - 2 * Theme.pageMargin
+            height: 1
+            color: Theme.hairline
+            opacity: 0.6
+            visible: root.index > 0
+        }
+        Rectangle {
+            anchors.fill: parent
+            anchors.leftMargin: Theme.pageMargin - 12
+            anchors.rightMargin: Theme.pageMargin - 12
+            anchors.topMargin: 3
+            anchors.bottomMargin: 2
+            visible: root.pressable && (root.hovered || root.down || root.visualFocus)
+            radius: 12
+            color: Qt.alpha(Theme.text, root.down ? 0.1 : root.hovered ? 0.05 : 0)
+            border.width: root.visualFocus ? 2 : 0
+            border.color: Theme.accent
+        }
+    }
+    contentItem: RowLayout {
         spacing: 14
 
         SubscriptionIconView {
@@ -59,24 +89,10 @@ Item {
                     font.pixelSize: 15
                     font.weight: Font.DemiBold
                 }
-                Rectangle {
-                    readonly property color tint: root.isActive ? Theme.accent : Theme.textTertiary
-
-                    visible: root.tag !== ""
-                    implicitWidth: tagText.implicitWidth + 12
-                    implicitHeight: tagText.implicitHeight + 4
-                    radius: height / 2
-                    color: Qt.rgba(tint.r, tint.g, tint.b, 0.08)
-
-                    ThemeText {
-                        id: tagText
-
-                        anchors.centerIn: parent
-                        text: root.tag
-                        color: parent.tint
-                        font.pixelSize: 10
-                        font.weight: Font.DemiBold
-                    }
+                Tag {
+                    visible: word !== ""
+                    word: root.tag
+                    tint: root.isActive ? Theme.accent : Theme.textTertiary
                 }
                 Item {
                     Layout.fillWidth: true

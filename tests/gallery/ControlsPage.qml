@@ -1,0 +1,195 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import Tovarin
+
+// The controls, each on an entry of its own.
+Rectangle {
+    id: root
+
+    readonly property bool isZh: LocalizationManager.isZh
+
+    implicitWidth: 420
+    implicitHeight: entries.implicitHeight + 400
+    color: "#0F0F11"
+
+    Column {
+        id: entries
+
+        Entry {
+            title: "SoftButton, prominent"
+
+            SoftButton {
+                prominent: true
+                icon.name: "plus"
+                title: root.isZh ? "添加订阅" : "Add"
+            }
+        }
+        Entry {
+            title: "SoftButton"
+
+            SoftButton {
+                icon.name: "square.grid.2x2"
+                title: root.isZh ? "快选" : "Quick pick"
+            }
+        }
+        Entry {
+            title: "SoftButton, destructive"
+
+            SoftButton {
+                destructive: true
+                icon.name: "trash"
+                title: root.isZh ? "删除" : "Delete"
+            }
+        }
+        Entry {
+            title: "TextButton"
+
+            TextButton {
+                title: root.isZh ? "跳过" : "Skip"
+            }
+        }
+        Entry {
+            title: "IconButton"
+            openHeight: 80
+
+            IconButton {
+                icon.name: "gearshape.fill"
+                title: root.isZh ? "设置" : "Settings"
+            }
+        }
+        Entry {
+            title: "TextField, empty"
+
+            TextField {
+                label: root.isZh ? "名称" : "Name"
+                placeholderText: root.isZh ? "如 ChatGPT Plus" : "e.g. ChatGPT Plus"
+            }
+        }
+        Entry {
+            title: "TextField, filled"
+            openHeight: 190
+
+            TextField {
+                label: root.isZh ? "名称" : "Name"
+                text: root.isZh ? "晨跑俱乐部的长名字一直写下去" : "A name that goes on for longer than the field"
+            }
+        }
+        Entry {
+            title: "NumberField"
+
+            NumberField {
+                label: root.isZh ? "金额" : "Amount"
+                value: 1234.5
+            }
+        }
+        Entry {
+            title: "TextArea"
+
+            TextArea {
+                label: root.isZh ? "备注" : "Notes"
+                placeholderText: root.isZh ? "可选备注" : "Optional notes"
+            }
+        }
+        Entry {
+            title: "Picker"
+            openHeight: 190
+
+            Picker {
+                label: root.isZh ? "周期" : "Cycle"
+                model: root.isZh ? ["每周", "每月", "每季", "每年"]
+                                 : ["Weekly", "Monthly", "Quarterly", "Yearly"]
+                currentIndex: 1
+            }
+        }
+        Entry {
+            title: "SegmentedPicker"
+
+            SegmentedPicker {
+                label: root.isZh ? "类型" : "Type"
+                labels: root.isZh ? ["订阅续费", "单次买断"] : ["Subscription", "One-time"]
+                currentIndex: 0
+                onActivated: index => currentIndex = index
+            }
+        }
+        Entry {
+            title: "SegmentedPicker, none chosen"
+
+            SegmentedPicker {
+                label: root.isZh ? "提前几天提醒我" : "Remind me how many days ahead"
+                labels: root.isZh ? ["当天", "1 天", "2 天", "3 天"] : ["Same day", "1d", "2d", "3d"]
+                onActivated: index => currentIndex = index
+            }
+        }
+        Entry {
+            title: "Switch, off"
+
+            Switch {
+                label: root.isZh ? "仍在使用" : "Still active"
+                text: label
+            }
+        }
+        Entry {
+            title: "Switch, on"
+
+            Switch {
+                label: root.isZh ? "仍在使用" : "Still active"
+                checked: true
+            }
+        }
+        Entry {
+            title: "CheckBox, off"
+
+            CheckBox {
+                label: root.isZh ? "添加" : "Include"
+            }
+        }
+        Entry {
+            title: "CheckBox, on"
+
+            CheckBox {
+                label: root.isZh ? "添加" : "Include"
+                text: label
+                checked: true
+            }
+        }
+        Entry {
+            title: "ScrollBar"
+
+            ScrollBar {
+                implicitHeight: 90
+                size: 0.4
+            }
+        }
+    }
+
+    // Opened by whoever draws the pictures, or by a click on what is free of controls.
+    Sheet {
+        id: sheet
+
+        objectName: "sheet"
+        label: root.isZh ? "设置" : "Settings"
+        preferredWidth: 360
+        preferredHeight: 240
+
+        Column {
+            anchors.centerIn: parent
+            spacing: 16
+
+            TextField {
+                focus: true
+                label: root.isZh ? "名称" : "Name"
+                placeholderText: label
+            }
+            SoftButton {
+                prominent: true
+                title: root.isZh ? "保存" : "Save"
+                onClicked: sheet.close()
+            }
+        }
+    }
+    TapHandler {
+        onTapped: sheet.open()
+    }
+}

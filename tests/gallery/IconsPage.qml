@@ -1,0 +1,143 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Tovarin
+
+// Marks, logos with their stand-ins, letters, surfaces and colours.
+Rectangle {
+    id: root
+
+    // Every preset: id, icon, and whether there is a logo.
+    required property var presets
+    required property list<string> symbols
+
+    implicitWidth: 900
+    implicitHeight: content.implicitHeight + 48
+    color: "#0F0F11"
+
+    Column {
+        id: content
+
+        x: 24
+        y: 24
+        width: parent.width - 48
+        spacing: 24
+
+        Row {
+            spacing: 20
+
+            Repeater {
+                model: [18, 32, 64, 128]
+
+                BrandMark {
+                    required property real modelData
+
+                    size: modelData
+                }
+            }
+        }
+        Flow {
+            width: parent.width
+            spacing: 12
+
+            Repeater {
+                model: root.presets
+
+                ServiceLogoView {
+                    required property var modelData
+
+                    logoID: modelData.logoID
+                    icon: modelData.icon
+                }
+            }
+        }
+        Flow {
+            width: parent.width
+            spacing: 12
+
+            Repeater {
+                model: root.presets
+
+                ServiceLogoView {
+                    required property var modelData
+
+                    logoID: ""
+                    icon: modelData.icon
+                    selected: true
+                }
+            }
+        }
+        Flow {
+            width: parent.width
+            spacing: 12
+
+            Repeater {
+                model: root.symbols
+
+                Symbol {
+                    required property string modelData
+
+                    name: modelData
+                    size: 24
+                }
+            }
+        }
+        Row {
+            spacing: 12
+
+            Repeater {
+                model: ["A", "Ж", "晨", "•", "W"]
+
+                BrandAvatar {
+                    required property string modelData
+
+                    letter: modelData
+                }
+            }
+            BrandAvatar {
+                letter: "D"
+                dimmed: true
+            }
+            SubscriptionIconView {
+                logoID: "netflix"
+                letter: "N"
+                dimmed: true
+            }
+        }
+        Row {
+            spacing: 16
+
+            Repeater {
+                model: [false, true]
+
+                HUDSurface {
+                    required property bool modelData
+
+                    width: 200
+                    height: 72
+                    highlighted: modelData
+                }
+            }
+        }
+        Row {
+            spacing: 8
+
+            Repeater {
+                model: [Theme.bg, Theme.card, Theme.cardHi, Theme.text, Theme.textSecondary,
+                    Theme.textTertiary, Theme.duckYellow, Theme.beakOrange, Theme.onAccent,
+                    Theme.hairline, Theme.lineStrong, Theme.warmHairline]
+
+                Rectangle {
+                    required property color modelData
+
+                    width: 48
+                    height: 48
+                    color: modelData
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Templates as T
+
+// What every button does: it is reached by Tab, pressed by Space and by Return, and a screen reader
+// finds it under its title and can press it. How it looks is up to the buttons made of it.
+T.AbstractButton {
+    id: root
+
+    required property string title
+
+    focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
+    opacity: enabled ? 1 : 0.45
+
+    Accessible.role: Accessible.Button
+    Accessible.name: title
+    Accessible.onPressAction: {
+        if (enabled)
+            clicked();
+    }
+    Keys.onReturnPressed: event => press(event)
+    Keys.onEnterPressed: event => press(event)
+
+    // Once for a key that is held.
+    function press(event: KeyEvent) {
+        if (!event.isAutoRepeat)
+            clicked();
+    }
+}

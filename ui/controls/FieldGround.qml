@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import Tovarin
+
+// The ground of what is typed or chosen in.
+Rectangle {
+    required property bool hovered
+    required property bool focused
+
+    radius: 10
+    color: Qt.rgba(1, 1, 1, hovered || focused ? 0.08 : 0.05)
+    border.width: focused ? 2 : 1
+    border.color: focused ? Theme.accent : hovered ? Theme.lineStrong : Theme.hairline
+}

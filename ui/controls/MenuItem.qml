@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Tovarin
+
+// One line of a menu, with the keys that do the same, if there are any.
+T.MenuItem {
+    id: root
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: 30
+    leftPadding: 10
+    rightPadding: 10
+    hoverEnabled: true
+    opacity: enabled ? 1 : 0.4
+
+    Accessible.name: text
+    Accessible.onPressAction: {
+        if (enabled)
+            trigger();
+    }
+    Keys.onReturnPressed: trigger()
+    Keys.onEnterPressed: trigger()
+
+    function trigger() {
+        if (action)
+            action.trigger(root);
+        else
+            clicked();
+    }
+
+    background: Rectangle {
+        radius: 6
+        color: Theme.accent
+        visible: root.highlighted
+    }
+    contentItem: RowLayout {
+        spacing: 28
+
+        ThemeText {
+            Layout.fillWidth: true
+            text: root.text
+            color: root.highlighted ? Theme.onAccent : Theme.text
+            font.pixelSize: root.font.pixelSize
+            Accessible.ignored: true
+        }
+        ThemeText {
+            visible: text !== ""
+            text: root.action && root.action.shortcut ? root.action.shortcut : ""
+            color: root.highlighted ? Theme.onAccent : Theme.textSecondary
+            font.pixelSize: root.font.pixelSize - 1
+            Accessible.ignored: true
+        }
+    }
+}

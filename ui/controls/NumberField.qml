@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import Tovarin
+
+// A number to type in, as the user's locale writes numbers.
+TextField {
+    id: root
+
+    property real value: 0
+
+    // The user typed another number; `value` is left to who listens.
+    signal edited(real value)
+
+    implicitWidth: 110
+    horizontalAlignment: TextInput.AlignRight
+    inputMethodHints: Qt.ImhFormattedNumbersOnly
+    placeholderText: "0"
+
+    // What it was when the typing began: a text that is no number stands for it.
+    property real valueBefore: 0
+
+    function showValue() {
+        text = UserNumbers.text(value);
+    }
+
+    Component.onCompleted: showValue()
+    onValueChanged: {
+        if (!activeFocus)
+            showValue();
+    }
+    onActiveFocusChanged: {
+        valueBefore = value;
+        showValue();
+    }
+    onAccepted: {
+        valueBefore = value;
+        showValue();
+    }
+    onTextEdited: {
+        const typed = UserNumbers.value(text);
+        edited(typed === undefined ? valueBefore : typed);
+    }
+}

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+import QtQuick
+import QtQuick.Templates as T
+import Tovarin
+
+// A screen above the window, which is dimmed and out of reach meanwhile. Tab stays inside, and
+// Escape closes it. Where the window is small, so is the sheet.
+T.Popup {
+    id: root
+
+    // What it is, as a screen reader says it.
+    required property string label
+    property real preferredWidth: 520
+    property real preferredHeight: 620
+
+    // Where the keyboard was.
+    property Item before: null
+
+    parent: T.Overlay.overlay
+    x: parent ? Math.round((parent.width - width) / 2) : 0
+    y: parent ? Math.round((parent.height - height) / 2) : 0
+    width: parent ? Math.min(preferredWidth, parent.width - 32) : preferredWidth
+    height: parent ? Math.min(preferredHeight, parent.height - 32) : preferredHeight
+    modal: true
+    focus: true
+    closePolicy: T.Popup.CloseOnEscape
+
+    onAboutToShow: before = parent.Window.activeFocusItem
+    onClosed: {
+        if (before)
+            before.forceActiveFocus(Qt.PopupFocusReason);
+        before = null;
+    }
+
+    T.Overlay.modal: Rectangle {
+        color: Qt.rgba(0, 0, 0, 0.6)
+    }
+    background: Rectangle {
+        radius: 18
+        color: Theme.bg
+        border.width: 1
+        border.color: Theme.hairline
+    }
+    contentItem: FocusScope {
+        focus: true
+        Accessible.role: Accessible.Dialog
+        Accessible.name: root.label
+    }
+}
