@@ -77,11 +77,13 @@ private:
 TrayHost::TrayHost(const QDBusConnection &bus, QObject *parent) : QObject(parent), m_bus(bus) {
     if (m_bus.isConnected())
         watchBus();
-    if (const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
-        m_xTray = std::make_unique<XTray>(x11->connection(), [this] {
-            // Qt handles the same event after this filter, and would make the item twice.
-            QMetaObject::invokeMethod(this, &TrayHost::appeared, Qt::QueuedConnection);
-        });
+    // Other platforms of Qt's may have the interface as well, with no display behind it.
+    if (QGuiApplication::platformName() == u"xcb"_s)
+        m_xTray = std::make_unique<XTray>(
+            qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection(), [this] {
+                // Qt handles the same event after this filter, and would make the item twice.
+                QMetaObject::invokeMethod(this, &TrayHost::appeared, Qt::QueuedConnection);
+            });
 }
 
 TrayHost::~TrayHost() = default;
