@@ -32,7 +32,7 @@ constexpr auto objectPath = "/app/tovarin/Tovarin"_L1;
 constexpr auto interfaceName = "org.freedesktop.Application"_L1;
 
 /// What a holder of the name that has just died may still need until its lock is free as well.
-constexpr std::chrono::milliseconds mostLingering{500};
+constexpr std::chrono::milliseconds mostLingering{1000};
 constexpr unsigned long lockInterval = 5; // milliseconds
 
 struct TokenSource {
