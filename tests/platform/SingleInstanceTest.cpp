@@ -113,11 +113,14 @@ public:
     Start &operator=(const Start &) = delete;
 
     void go() { EXPECT_EQ(m_process.write("\n"), 1); }
+    /// Empty when the process has ended instead.
     QString line() {
         EXPECT_TRUE(waitUntil([this] {
             return m_process.canReadLine() || m_process.state() == QProcess::NotRunning;
         }));
-        return QString::fromUtf8(m_process.readLine()).chopped(1);
+        QString line = QString::fromUtf8(m_process.readLine());
+        line.chop(1);
+        return line;
     }
     QString outcome() {
         go();
