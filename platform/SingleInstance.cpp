@@ -18,6 +18,7 @@
 #include <QVariantMap>
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <utility>
 
@@ -41,9 +42,9 @@ struct TokenSource {
 };
 
 /// The one of Wayland first: a start that has both was made under it.
-constexpr TokenSource tokenSources[] = {
-    {"XDG_ACTIVATION_TOKEN", "activation-token"_L1},
-    {"DESKTOP_STARTUP_ID", "desktop-startup-id"_L1},
+constexpr std::array tokenSources = {
+    TokenSource{"XDG_ACTIVATION_TOKEN", "activation-token"_L1},
+    TokenSource{"DESKTOP_STARTUP_ID", "desktop-startup-id"_L1},
 };
 
 QString tokenIn(const QVariantMap &platformData) {
@@ -94,8 +95,6 @@ QDBusMessage request(const QString &owner, const QList<QUrl> &files, const QVari
         message << uris;
     }
     message << data;
-    // A program that waits for its turn behind a dead one is not to be started by the bus too.
-    message.setAutoStartService(false);
     return message;
 }
 
@@ -183,7 +182,8 @@ SingleInstance::Outcome SingleInstance::claim(const QList<QUrl> &files) {
         const QDBusReply<QString> owner = daemon->serviceOwner(applicationId);
         if (!owner.isValid())
             continue;
-        // To the owner itself, not to the name: it is this process that may go away meanwhile.
+        // To the owner itself, not to the name, for which the bus would start another one if this
+        // one has gone away meanwhile.
         const QDBusMessage answer =
             bus.call(request(owner.value(), files, platformData(m_environment)), QDBus::Block,
                      static_cast<int>(deadline.remainingTime()));
