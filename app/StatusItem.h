@@ -46,7 +46,8 @@ public:
 
 Q_SIGNALS:
     /// The item was pressed, with whichever button or by the host's keyboard: once each time.
-    /// `where` is the pointer, as the host's own word on it doesn't come through Qt.
+    /// `where` is the pointer, as the host's own word on it doesn't come through Qt. Some hosts
+    /// keep the right button for a menu of their own, and the item hears nothing of it then.
     void triggered(QPoint where);
 
 private:

@@ -75,8 +75,7 @@ private:
 };
 
 TrayHost::TrayHost(const QDBusConnection &bus, QObject *parent) : QObject(parent), m_bus(bus) {
-    if (m_bus.isConnected())
-        watchBus();
+    watchBus();
     // Other platforms of Qt's may have the interface as well, with no display behind it.
     if (QGuiApplication::platformName() == u"xcb"_s)
         m_xTray = std::make_unique<XTray>(

@@ -122,6 +122,8 @@ class NotifierTray(unittest.TestCase):
         with desktop() as session:
             item = Item(session, tooltip="Before")
             item.tell("tooltip After")
+            # It had time to make mistakes.
+            self.assertEqual(item.geometry(), (0, 0, 0, 0))
             tray = Tray(session)
             self.assertEqual(tray.wait().tooltip, "After")
             for start in range(2):
