@@ -10,6 +10,9 @@ Column {
 
     required property ContentModel content
     required property BillScanModel bills
+    // What of this is in sight: where it begins, and how high it is.
+    required property real viewTop
+    required property real viewHeight
 
     readonly property bool isZh: LocalizationManager.isZh
 
@@ -26,6 +29,9 @@ Column {
         width: root.width - 2 * Theme.pageMargin
         visible: root.content.dueCount > 0
         charges: root.content.upcoming
+        count: root.content.dueCount
+        viewTop: root.viewTop
+        viewHeight: root.viewHeight
     }
     SectionHeader {
         width: root.width - 2 * Theme.pageMargin

@@ -59,6 +59,7 @@ FocusScope {
         // Rows are cheap; those made ahead of time, out of sight, would take part in Tab's order,
         // and Qt 6.4 complains when the list shrinks while one is being made.
         cacheBuffer: 0
+        reuseItems: true
         boundsBehavior: Flickable.StopAtBounds
         model: root.content.subscriptions
 
@@ -108,6 +109,8 @@ FocusScope {
             width: list.width
             content: root.content
             bills: root.bills
+            viewTop: list.contentY - y
+            viewHeight: list.height
         }
         delegate: SubscriptionRow {
             width: list.width

@@ -27,8 +27,8 @@ Item {
         visible: root.hasLogo
         source: root.hasLogo ? "image://logo/" + root.logoID + "/"
                                + (100 * root.cornerRadius / root.size).toFixed(2) : ""
-        sourceSize.width: Math.ceil(root.size * Screen.devicePixelRatio)
-        sourceSize.height: Math.ceil(root.size * Screen.devicePixelRatio)
+        sourceSize.width: Math.ceil(root.size)
+        sourceSize.height: Math.ceil(root.size)
         Accessible.ignored: true
     }
     Rectangle {

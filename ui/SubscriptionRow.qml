@@ -3,15 +3,13 @@
 
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Tovarin
 
-// A subscription in the list. It can be pressed where something opens by it.
-T.AbstractButton {
+// A subscription in the list.
+RowButton {
     id: root
 
     required property int index
-    required property string name
     required property string tag
     required property string subtitle
     required property string amountText
@@ -20,51 +18,8 @@ T.AbstractButton {
     required property string logoID
     required property string avatarLetter
 
-    property bool pressable: false
+    hasRule: index > 0
 
-    implicitHeight: 68
-    leftPadding: Theme.pageMargin
-    rightPadding: Theme.pageMargin
-    focusPolicy: pressable ? Qt.StrongFocus : Qt.NoFocus
-    hoverEnabled: pressable
-
-    Accessible.role: Accessible.ListItem
-    Accessible.name: name
-    Accessible.onPressAction: {
-        if (pressable)
-            clicked();
-    }
-    Keys.onReturnPressed: event => press(event)
-    Keys.onEnterPressed: event => press(event)
-
-    // Once for a key that is held.
-    function press(event: KeyEvent) {
-        if (pressable && !event.isAutoRepeat)
-            clicked();
-    }
-
-    background: Item {
-        Rectangle {
-            x: Theme.pageMargin
-            width: parent.width - 2 * Theme.pageMargin
-            height: 1
-            color: Theme.hairline
-            opacity: 0.6
-            visible: root.index > 0
-        }
-        Rectangle {
-            anchors.fill: parent
-            anchors.leftMargin: Theme.pageMargin - 12
-            anchors.rightMargin: Theme.pageMargin - 12
-            anchors.topMargin: 3
-            anchors.bottomMargin: 2
-            visible: root.pressable && (root.hovered || root.down || root.visualFocus)
-            radius: 12
-            color: Qt.alpha(Theme.text, root.down ? 0.1 : root.hovered ? 0.05 : 0)
-            border.width: root.visualFocus ? 2 : 0
-            border.color: Theme.accent
-        }
-    }
     contentItem: RowLayout {
         spacing: 14
 

@@ -20,8 +20,9 @@ Item {
 
     Image {
         anchors.fill: parent
-        sourceSize.width: Math.ceil(root.size * Screen.devicePixelRatio)
-        sourceSize.height: Math.ceil(root.size * Screen.devicePixelRatio)
+        // In points: Qt asks the provider for as many pixels as the screen has.
+        sourceSize.width: Math.ceil(root.size)
+        sourceSize.height: Math.ceil(root.size)
         source: root.name === "" ? "" : "image://symbol/" + root.name + "/" + root.hex(root.color.a)
                                         + root.hex(root.color.r) + root.hex(root.color.g)
                                         + root.hex(root.color.b)

@@ -15,8 +15,6 @@ Item {
     required property string logoID
     required property string avatarLetter
 
-    implicitHeight: 44
-
     Accessible.role: Accessible.ListItem
     Accessible.name: name
 

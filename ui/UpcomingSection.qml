@@ -10,6 +10,11 @@ Column {
     id: root
 
     required property UpcomingListModel charges
+    required property int count
+    // What of the page is in sight: where it begins, in the coordinates of what holds this section,
+    // and how high it is.
+    required property real viewTop
+    required property real viewHeight
 
     readonly property bool isZh: LocalizationManager.isZh
 
@@ -22,24 +27,41 @@ Column {
     }
 
     HUDSurface {
+        id: card
+
         width: root.width
         height: rows.height + 12
 
-        Accessible.role: Accessible.List
-        Accessible.name: root.isZh ? "即将扣费" : "Upcoming charges"
-
-        Column {
+        Item {
             id: rows
+
+            readonly property real rowHeight: 44
 
             x: 24
             y: 6
             width: parent.width - 48
+            height: rowHeight * root.count
+
+            Accessible.role: Accessible.List
+            Accessible.name: root.isZh ? "即将扣费" : "Upcoming charges"
 
             Repeater {
-                model: root.charges
+                // Of many charges, only those in sight have a row.
+                model: RowWindow {
+                    id: inSight
+
+                    source: root.charges
+                    wantedFirst: Math.floor((root.viewTop - root.y - card.y - rows.y)
+                                            / rows.rowHeight)
+                    length: Math.ceil(root.viewHeight / rows.rowHeight) + 1
+                }
 
                 UpcomingRow {
+                    required property int index
+
+                    y: (inSight.first + index) * rows.rowHeight
                     width: rows.width
+                    height: rows.rowHeight
                 }
             }
         }

@@ -12,6 +12,7 @@ Rectangle {
 
     required property SubscriptionListModel subscriptions
     required property UpcomingListModel charges
+    required property int dueCount
 
     implicitWidth: 760
     implicitHeight: rows.implicitHeight + upcoming.implicitHeight + 60
@@ -39,5 +40,8 @@ Rectangle {
         anchors.right: parent.right
         anchors.margins: Theme.pageMargin
         charges: root.charges
+        count: root.dueCount
+        viewTop: 0
+        viewHeight: root.height
     }
 }

@@ -97,7 +97,8 @@ public:
         if (page == u"Rows") {
             view->setInitialProperties(
                 {{u"subscriptions"_s, QVariant::fromValue(m_content.subscriptions())},
-                 {u"charges"_s, QVariant::fromValue(m_content.upcoming())}});
+                 {u"charges"_s, QVariant::fromValue(m_content.upcoming())},
+                 {u"dueCount"_s, m_content.dueCount()}});
         } else if (page == u"Icons") {
             view->setInitialProperties(
                 {{u"presets"_s, presets(m_logos)}, {u"symbols"_s, symbols(m_bundle)}});

@@ -64,11 +64,11 @@ TEST(SymbolProviderTest, HasNoOthers) {
 TEST(SymbolProviderTest, HasEverySymbolOfTheCatalogAndOfTheScreens) {
     SymbolProvider symbols(bundle);
     QStringList names = {
-        u"arrow.right"_s,   u"checkmark"_s,  u"checkmark.circle.fill"_s, u"chevron.left"_s,
-        u"chevron.right"_s, u"doc.on.doc"_s, u"creditcard.fill"_s,       u"gearshape.fill"_s,
-        u"macwindow"_s,     u"pause"_s,      u"minus.circle"_s,          u"pencil"_s,
-        u"play"_s,          u"plus"_s,       u"square.grid.2x2"_s,       u"text.viewfinder"_s,
-        u"trash"_s,         u"xmark"_s};
+        u"arrow.right"_s,     u"calendar"_s,        u"checkmark"_s,    u"checkmark.circle.fill"_s,
+        u"chevron.left"_s,    u"chevron.right"_s,   u"chevron.down"_s, u"doc.on.doc"_s,
+        u"creditcard.fill"_s, u"gearshape.fill"_s,  u"macwindow"_s,    u"pause"_s,
+        u"minus.circle"_s,    u"pencil"_s,          u"play"_s,         u"plus"_s,
+        u"square.grid.2x2"_s, u"text.viewfinder"_s, u"trash"_s,        u"xmark"_s};
     for (const ServicePreset &preset : ServiceCatalog::china() + ServiceCatalog::global())
         names.append(preset.icon);
     for (const QString &name : names) {

@@ -11,7 +11,7 @@
 #include "tests/support/Printing.h"
 #include "tests/support/Samples.h"
 #include "tests/support/ScriptedPanel.h"
-#include "ui/AppFonts.h"
+#include "tests/ui/Complaints.h"
 #include "ui/BillScanModel.h"
 #include "ui/ContentModel.h"
 #include "ui/ImageProviders.h"
@@ -19,19 +19,16 @@
 #include <QDir>
 #include <QDropEvent>
 #include <QFile>
-#include <QGuiApplication>
 #include <QMimeData>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
-#include <QQuickStyle>
 #include <QQuickWindow>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QtPlugin>
 
 #include <gtest/gtest.h>
 
-Q_IMPORT_PLUGIN(TovarinPlugin)
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -40,13 +37,6 @@ namespace tovarin {
 using Lang = LocalizationManager::Lang;
 
 namespace {
-
-QStringList complaints;
-
-void keepComplaints(QtMsgType type, const QMessageLogContext &, const QString &message) {
-    if (type != QtDebugMsg && type != QtInfoMsg)
-        complaints.append(message);
-}
 
 /// The texts in sight below an item.
 void collectTexts(const QQuickItem &item, QStringList &texts) {
@@ -62,12 +52,12 @@ void collectTexts(const QQuickItem &item, QStringList &texts) {
 class Screens : public testing::TestWithParam<Lang> {
 protected:
     Screens() {
-        complaints.clear();
+        complaints().clear();
         engine.addImportPath(u"qrc:/"_s);
         addImageProviders(engine, bundle, logos);
     }
 
-    ~Screens() override { EXPECT_EQ(complaints, QStringList()); }
+    ~Screens() override { EXPECT_EQ(complaints(), QStringList()); }
 
     void useFile(const QString &path) {
         ASSERT_TRUE(QDir().mkpath(folder.filePath(u"Tovarin"_s)));
@@ -115,6 +105,20 @@ protected:
         }
         ADD_FAILURE() << "nothing shows " << text.toStdString();
         return {};
+    }
+
+    /// The rows that were made and have this property, from top to bottom.
+    QList<QQuickItem *> rowsWith(const char *property) const {
+        QList<QQuickItem *> rows;
+        QList<QQuickItem *> waiting{window->contentItem()};
+        while (!waiting.isEmpty()) {
+            QQuickItem *const item = waiting.takeFirst();
+            if (item->property(property).isValid())
+                rows.append(item);
+            waiting.append(item->childItems());
+        }
+        std::ranges::sort(rows, {}, [](const QQuickItem *row) { return row->mapToScene({}).y(); });
+        return rows;
     }
 
     void click(const QString &text) {
@@ -326,6 +330,39 @@ TEST_P(Screens, KeepTheirBeginningInSightWhenItGrows) {
     EXPECT_DOUBLE_EQ(aboveSight(), 0);
 }
 
+/// Else ten thousand entries would make thousands of rows, and every frame pay for them.
+TEST_P(Screens, MakeRowsOnlyForWhatIsInSight) {
+    constexpr int entries = 2000;
+    open();
+    QList<Subscription> subs;
+    for (int i = 0; i < entries; ++i) {
+        subs.append(sampleSubscription(u"due %1"_s.arg(i)));
+        subs.last().startDate = instant("2025-05-12T00:00:00Z");
+    }
+    store->addAll(subs);
+    settle();
+    ASSERT_EQ(content->dueCount(), entries);
+    int last = -1;
+    for (int page = 0; page < 3; ++page) {
+        QList<int> due;
+        for (const QQuickItem *row : rowsWith("dueText"))
+            due.append(row->property("name").toString().sliced(4).toInt());
+        ASSERT_FALSE(due.isEmpty());
+        EXPECT_LT(due.size(), 2 * list().height() / 44);
+        // One after the other, and none left out between two pages.
+        for (qsizetype i = 1; i < due.size(); ++i)
+            EXPECT_EQ(due[i], due[i - 1] + 1);
+        EXPECT_LE(due.first(), last + 1);
+        EXPECT_GT(due.last(), last);
+        last = due.last();
+        press(Qt::Key_PageDown);
+    }
+    press(Qt::Key_End);
+    EXPECT_TRUE(texts().contains(u"due %1"_s.arg(entries - 1)));
+    press(Qt::Key_Home);
+    EXPECT_TRUE(texts().contains(u"due 0"_s));
+}
+
 TEST_P(Screens, ScanTheChosenFiles) {
     open();
     panel.choice = filesNamed({u"bill one"_s, u"bill two"_s});
@@ -383,21 +420,3 @@ INSTANTIATE_TEST_SUITE_P(, Screens, testing::Values(Lang::en, Lang::zh),
                          });
 
 } // namespace tovarin
-
-int main(int argc, char **argv) {
-    const QTemporaryDir home;
-    for (const char *variable :
-         {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR"})
-        qputenv(variable, home.path().toLocal8Bit());
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    for (const char *variable : {"QT_QUICK_BACKEND", "QSG_RHI_BACKEND", "QT_SCALE_FACTOR"})
-        qunsetenv(variable);
-
-    qInstallMessageHandler(tovarin::keepComplaints);
-    testing::InitGoogleTest(&argc, argv);
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    QQuickStyle::setStyle(u"Basic"_s);
-    const QGuiApplication application(argc, argv);
-    tovarin::AppFonts::registerBundledFonts(tovarin::Bundle(u":/resources"_s));
-    return RUN_ALL_TESTS();
-}

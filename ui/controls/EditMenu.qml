@@ -16,6 +16,10 @@ Menu {
     readonly property bool canTake: editor.selectedText !== "" && editor.echoMode !== TextInput.Password
 
     title: isZh ? "编辑" : "Edit"
+    onClosed: {
+        editor.forceActiveFocus(Qt.PopupFocusReason);
+        editor.persistentSelection = false;
+    }
 
     MenuItem {
         text: root.isZh ? "剪切" : "Cut"

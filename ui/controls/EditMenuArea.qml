@@ -22,6 +22,8 @@ Item {
     function open(x: real, y: real) {
         if (!menu)
             menu = component.createObject(root, {editor: editor}) as EditMenu;
+        // The selection is what the menu is about; it would go with the keyboard.
+        editor.persistentSelection = true;
         menu.popup(root, x, y);
     }
 

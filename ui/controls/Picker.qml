@@ -31,15 +31,26 @@ T.ComboBox {
         if (enabled)
             popup.open();
     }
-    Keys.onReturnPressed: event => toggle(event)
-    Keys.onEnterPressed: event => toggle(event)
+    Keys.onReturnPressed: event => openBy(event)
+    Keys.onEnterPressed: event => openBy(event)
+    Keys.onReleased: event => {
+        // The key that opened the list is not the one that chooses in it.
+        if (event.key === openingKey && !event.isAutoRepeat) {
+            openingKey = 0;
+            event.accepted = true;
+        }
+    }
+
+    property int openingKey: 0
 
     // While the list is open, the keys are its own.
-    function toggle(event: KeyEvent) {
-        if (popup.visible)
+    function openBy(event: KeyEvent) {
+        if (popup.visible) {
             event.accepted = false;
-        else if (!event.isAutoRepeat)
+        } else if (!event.isAutoRepeat) {
+            openingKey = event.key;
             popup.open();
+        }
     }
 
     background: FieldGround {

@@ -72,7 +72,7 @@ FocusScope {
 
             model: root.labels
 
-            T.AbstractButton {
+            T.RadioButton {
                 id: segment
 
                 required property int index
@@ -85,25 +85,27 @@ FocusScope {
                 width: row.width / Math.max(1, segments.count)
                 height: row.height
                 hoverEnabled: true
-                focusPolicy: index === Math.max(0, root.currentIndex) ? Qt.StrongFocus
-                                                                      : Qt.ClickFocus
+                // The one that keeps the keyboard may not be passed by, says Qt.
+                focusPolicy: activeFocus || index === Math.max(0, root.currentIndex)
+                             ? Qt.StrongFocus : Qt.ClickFocus
                 focus: index === Math.max(0, root.currentIndex)
-                onClicked: root.activated(index)
+                autoExclusive: false
+                checked: chosen
+                onClicked: choose()
 
-                Accessible.role: Accessible.RadioButton
                 Accessible.name: modelData
-                Accessible.checkable: true
-                Accessible.checked: chosen
-                Accessible.onPressAction: {
-                    if (enabled)
-                        clicked();
+                Accessible.onPressAction: choose()
+                Accessible.onToggleAction: choose()
+                Keys.onReturnPressed: choose()
+                Keys.onEnterPressed: choose()
+
+                // A press ticks it; whether it is chosen is up to the picker.
+                function choose() {
+                    if (!enabled)
+                        return;
+                    root.activated(index);
+                    checked = Qt.binding(() => segment.chosen);
                 }
-                Accessible.onToggleAction: {
-                    if (enabled)
-                        clicked();
-                }
-                Keys.onReturnPressed: clicked()
-                Keys.onEnterPressed: clicked()
 
                 background: Rectangle {
                     radius: 7

@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+// What a frame costs while the main window's list is scrolled, drawn without a graphics card.
+
+#include "app/LocalizationManager.h"
+#include "model/Store.h"
+#include "platform/OpenPanel.h"
+#include "platform/UserCalendar.h"
+#include "scan/job/ScanJob.h"
+#include "ui/AppFonts.h"
+#include "ui/BillScanModel.h"
+#include "ui/ContentModel.h"
+#include "ui/ImageProviders.h"
+
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickStyle>
+#include <QQuickWindow>
+#include <QTemporaryDir>
+#include <QtPlugin>
+
+#include <benchmark/benchmark.h>
+
+Q_IMPORT_PLUGIN(TovarinPlugin)
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace tovarin {
+
+namespace {
+
+class NoPanel final : public OpenPanel {
+public:
+    QList<QUrl> run(const Request &) override { return {}; }
+};
+
+QList<Subscription> entries(int count, const Clock &clock) {
+    static const QStringList names{u"Netflix"_s, u"晨跑俱乐部"_s, u"Lantern Photo Studio"_s,
+                                   u"哔哩哔哩大会员"_s, u"A name that is longer than most are"_s};
+    QList<Subscription> subs;
+    for (int i = 0; i < count; ++i) {
+        Subscription sub;
+        sub.id = QUuid::createUuid();
+        sub.name = names[i % names.size()] + u" %1"_s.arg(i);
+        sub.amount = i % 97 + 0.99;
+        sub.currency = i % 3 == 0 ? u"USD"_s : u"CNY"_s;
+        sub.category = u"影音"_s;
+        sub.startDate = clock.now() - std::chrono::hours(24 * (30 + i % 300));
+        sub.isActive = i % 7 != 0;
+        subs.append(sub);
+    }
+    return subs;
+}
+
+/// The main window with its list.
+class Screen {
+public:
+    explicit Screen(int count) {
+        m_store.addAll(entries(count, m_clock));
+        m_engine.addImportPath(u"qrc:/"_s);
+        addImageProviders(m_engine, m_bundle, m_logos);
+        m_engine.setInitialProperties({{u"content"_s, QVariant::fromValue(&m_content)},
+                                       {u"bills"_s, QVariant::fromValue(&m_bills)}});
+        m_engine.load(QUrl(u"qrc:/Tovarin/Main.qml"_s));
+        m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));
+        if (!m_window)
+            qFatal("there is no window");
+        QObject::connect(m_window, &QQuickWindow::frameSwapped, &m_loop, &QEventLoop::quit);
+        frame();
+        m_list = m_window->activeFocusItem();
+    }
+
+    /// Draws one frame, and everything that must happen before it.
+    void frame() {
+        m_window->update();
+        m_loop.exec();
+    }
+
+    void scrollTo(qreal y) { m_list->setProperty("contentY", y); }
+    qreal end() const { return m_list->property("contentHeight").toReal() - m_list->height(); }
+
+private:
+    QTemporaryDir m_folder;
+    SystemClock m_clock;
+    UserCalendar m_calendar = UserCalendar::current(processEnvironment());
+    Bundle m_bundle{u":/resources"_s};
+    ServiceLogo m_logos{m_bundle};
+    Store m_store{m_folder.path(), m_clock, m_calendar};
+    ContentModel m_content{m_store, m_clock, m_calendar, LocalizationManager::shared(), m_logos};
+    ScanJob m_job{QString()};
+    NoPanel m_panel;
+    BillScanModel m_bills{m_job, m_panel, m_store};
+    QQmlApplicationEngine m_engine;
+    QQuickWindow *m_window = nullptr;
+    QQuickItem *m_list = nullptr;
+    // A real one: what is to be deleted later would pile up without.
+    QEventLoop m_loop;
+};
+
+/// Every frame moves the list by so many points: 12 is a slow drag, 60 a turn of the wheel, 700 a
+/// whole page of rows.
+void scroll(benchmark::State &state) {
+    Screen screen(static_cast<int>(state.range(0)));
+    const auto step = static_cast<qreal>(state.range(1));
+    qreal y = 0;
+    for (auto _ : state) {
+        y = y + step > screen.end() ? 0 : y + step;
+        screen.scrollTo(y);
+        screen.frame();
+    }
+}
+
+BENCHMARK(scroll)->ArgsProduct({{100, 10'000}, {12, 60, 700}})->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+} // namespace tovarin
+
+int main(int argc, char **argv) {
+    const QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    QQuickStyle::setStyle(u"Basic"_s);
+    const QGuiApplication application(argc, argv);
+    tovarin::AppFonts::registerBundledFonts(tovarin::Bundle(u":/resources"_s));
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

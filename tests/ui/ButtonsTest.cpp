@@ -1,0 +1,173 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/Printing.h"
+#include "tests/ui/Stage.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace tovarin {
+
+namespace {
+
+struct Kind {
+    const char *name;
+    const char *qml;
+    QAccessible::Role role;
+};
+
+void PrintTo(const Kind &kind, std::ostream *out) {
+    *out << kind.name;
+}
+
+class Buttons : public testing::TestWithParam<Kind> {
+protected:
+    Stage stage{u"%1"_s.arg(QString::fromLatin1(GetParam().qml))};
+    QQuickItem &button = stage.item("button");
+    QSignalSpy clicks{&button, SIGNAL(clicked())};
+};
+
+} // namespace
+
+TEST_P(Buttons, ArePressedByTheMouse) {
+    stage.click(button);
+    EXPECT_EQ(clicks.size(), 1);
+    stage.click(button, Qt::RightButton);
+    EXPECT_EQ(clicks.size(), 1);
+    // Whoever leaves it before letting go has thought better of it.
+    QTest::mousePress(&stage.window(), Qt::LeftButton, {}, stage.middleOf(button));
+    QTest::mouseRelease(&stage.window(), Qt::LeftButton, {}, {470, 390});
+    EXPECT_EQ(clicks.size(), 1);
+}
+
+TEST_P(Buttons, ArePressedByTheKeyboard) {
+    stage.press(Qt::Key_Tab);
+    ASSERT_TRUE(button.hasActiveFocus());
+    EXPECT_TRUE(button.property("visualFocus").toBool());
+    int presses = 0;
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        stage.press(key);
+        EXPECT_EQ(clicks.size(), ++presses) << key;
+    }
+    stage.press(Qt::Key_A);
+    EXPECT_EQ(clicks.size(), presses);
+    stage.hold(Qt::Key_Return);
+    EXPECT_EQ(clicks.size(), ++presses);
+}
+
+TEST_P(Buttons, ArePressedByAScreenReader) {
+    const QAccessibleInterface *const seen = Stage::accessible(button);
+    ASSERT_TRUE(seen);
+    EXPECT_EQ(seen->role(), GetParam().role);
+    EXPECT_EQ(seen->text(QAccessible::Name), u"Name"_s);
+    EXPECT_TRUE(seen->state().focusable);
+    ASSERT_TRUE(Stage::pressByScreenReader(button));
+    EXPECT_EQ(clicks.size(), 1);
+}
+
+TEST_P(Buttons, AreNotPressedWhileDisabled) {
+    const QImage before = stage.settle();
+    button.setEnabled(false);
+    // An empty row has nothing to dim.
+    EXPECT_EQ(stage.settle() == before, GetParam().role == QAccessible::ListItem);
+    stage.click(button);
+    stage.press(Qt::Key_Tab);
+    EXPECT_FALSE(button.hasActiveFocus());
+    stage.press(Qt::Key_Space);
+    stage.press(Qt::Key_Return);
+    Stage::pressByScreenReader(button);
+    EXPECT_EQ(clicks.size(), 0);
+}
+
+TEST_P(Buttons, LookDifferentInEachState) {
+    const QImage normal = stage.settle();
+    QTest::mouseMove(&stage.window(), stage.middleOf(button));
+    const QImage hovered = stage.settle();
+    EXPECT_NE(hovered, normal);
+    QTest::mousePress(&stage.window(), Qt::LeftButton, {}, stage.middleOf(button));
+    const QImage pressed = stage.settle();
+    EXPECT_NE(pressed, normal);
+    EXPECT_NE(pressed, hovered);
+    QTest::mouseRelease(&stage.window(), Qt::LeftButton, {}, stage.middleOf(button));
+    QTest::mouseMove(&stage.window(), {470, 390});
+    button.setFocus(false);
+    stage.press(Qt::Key_Tab);
+    EXPECT_NE(stage.settle(), normal);
+    EXPECT_TRUE(button.hasActiveFocus());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , Buttons,
+    testing::Values(
+        Kind{"SoftButton", "SoftButton { objectName: 'button'; x: 9; y: 9; title: 'Name' }",
+             QAccessible::Button},
+        Kind{"ProminentSoftButton",
+             "SoftButton { objectName: 'button'; x: 9; y: 9; title: 'Name'; icon.name: 'plus';"
+             " prominent: true }",
+             QAccessible::Button},
+        Kind{"DestructiveSoftButton",
+             "SoftButton { objectName: 'button'; x: 9; y: 9; title: 'Name'; icon.name: 'trash';"
+             " destructive: true }",
+             QAccessible::Button},
+        Kind{"IconButton",
+             "IconButton { objectName: 'button'; x: 9; y: 9; title: 'Name'; icon.name: 'plus' }",
+             QAccessible::Button},
+        Kind{"TextButton", "TextButton { objectName: 'button'; x: 9; y: 9; title: 'Name' }",
+             QAccessible::Button},
+        Kind{"RowButton",
+             "RowButton { objectName: 'button'; y: 9; width: 400; name: 'Name'; pressable: true }",
+             QAccessible::ListItem}),
+    [](const testing::TestParamInfo<Kind> &kind) { return std::string(kind.param.name); });
+
+TEST(SoftButton, HasItsSizeAndColours) {
+    Stage stage(u"SoftButton { objectName: 'plain'; title: 'A'; icon.name: 'plus' }"
+                "SoftButton { objectName: 'bare'; y: 50; title: 'A' }"
+                "SoftButton { objectName: 'prominent'; y: 100; width: 300; title: 'A';"
+                " icon.name: 'plus'; prominent: true }"_s);
+    EXPECT_EQ(stage.item("plain").height(), 40);
+    // The symbol and the 6 points beside it.
+    EXPECT_EQ(stage.item("plain").width() - stage.item("bare").width(), 16 + 6);
+    const QImage image = stage.settle();
+    EXPECT_EQ(image.pixelColor(10, 120), QColor(246, 201, 74));
+    const QColor plain = image.pixelColor(10, 70);
+    // 8 % of the text's colour over the window's.
+    EXPECT_NEAR(plain.red(), 15 + 0.08 * (232 - 15), 1.5);
+    EXPECT_NEAR(plain.blue(), 17 + 0.08 * (232 - 17), 1.5);
+    int darkest = 255;
+    for (int x = 100; x < 200; ++x)
+        darkest = std::min(darkest, image.pixelColor(x, 120).red());
+    EXPECT_LT(darkest, 40);
+}
+
+TEST(RowButton, IsPartOfTheListOnlyWhereNothingOpens) {
+    Stage stage(u"RowButton { objectName: 'row'; width: 400; name: 'Name' }"_s);
+    QSignalSpy clicks(&stage.item("row"), SIGNAL(clicked()));
+    stage.press(Qt::Key_Tab);
+    EXPECT_FALSE(stage.item("row").hasActiveFocus());
+    const QImage before = stage.settle();
+    QTest::mouseMove(&stage.window(), {200, 30});
+    EXPECT_EQ(stage.settle(), before);
+    ASSERT_TRUE(Stage::pressByScreenReader(stage.item("row")));
+    EXPECT_EQ(clicks.size(), 0);
+}
+
+TEST(IconButton, ShowsItsTitleAsATooltip) {
+    Stage stage(u"IconButton { objectName: 'button'; x: 200; y: 9; title: 'Settings';"
+                " icon.name: 'gearshape.fill' }"_s);
+    EXPECT_FALSE(stage.texts().contains(u"Settings"_s));
+    QTest::mouseMove(&stage.window(), stage.middleOf(stage.item("button")));
+    EXPECT_TRUE(QTest::qWaitFor([&stage] { return stage.texts().contains(u"Settings"_s); }));
+    QTest::mouseMove(&stage.window(), {10, 390});
+    EXPECT_TRUE(QTest::qWaitFor([&stage] { return !stage.texts().contains(u"Settings"_s); }));
+    stage.press(Qt::Key_Tab);
+    EXPECT_TRUE(QTest::qWaitFor([&stage] { return stage.texts().contains(u"Settings"_s); }));
+}
+
+} // namespace tovarin

@@ -1,0 +1,214 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "app/LocalizationManager.h"
+#include "tests/support/LanguageScope.h"
+#include "tests/support/Printing.h"
+#include "tests/ui/Stage.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace tovarin {
+
+using Lang = LocalizationManager::Lang;
+
+namespace {
+
+const QString field = u"TextField { objectName: 'field'; x: 9; y: 9; label: 'Name';"
+                      " placeholderText: 'e.g. this' }"_s;
+const QString area = u"TextArea { objectName: 'area'; x: 9; y: 60; label: 'Notes';"
+                     " placeholderText: 'Optional' }"_s;
+const QString number = u"NumberField { objectName: 'number'; x: 9; y: 200; label: 'Amount';"
+                       " value: 9.99; onEdited: typed => value = typed }"_s;
+
+QQuickItem *menuItem(Stage &stage, const QString &text) {
+    return stage.itemWith("text", text);
+}
+
+} // namespace
+
+TEST(TextField, TakesWhatIsTyped) {
+    Stage stage(field);
+    EXPECT_TRUE(stage.texts().contains(u"e.g. this"_s));
+    stage.press(Qt::Key_Tab);
+    ASSERT_EQ(stage.focused(), u"field"_s);
+    stage.type(u"晨跑 Club"_s);
+    EXPECT_EQ(stage.value("field", "text"), u"晨跑 Club"_s);
+    EXPECT_FALSE(stage.texts().contains(u"e.g. this"_s));
+    stage.press(Qt::Key_A, Qt::ControlModifier);
+    stage.press(Qt::Key_Backspace);
+    EXPECT_EQ(stage.value("field", "text"), QString());
+    EXPECT_TRUE(stage.texts().contains(u"e.g. this"_s));
+}
+
+TEST(TextField, IsReadByAScreenReader) {
+    Stage stage(field);
+    const QAccessibleInterface *const seen = Stage::accessible(stage.item("field"));
+    EXPECT_EQ(seen->role(), QAccessible::EditableText);
+    EXPECT_EQ(seen->text(QAccessible::Name), u"Name"_s);
+    EXPECT_EQ(seen->text(QAccessible::Description), u"e.g. this"_s);
+    stage.press(Qt::Key_Tab);
+    stage.type(u"x"_s);
+    EXPECT_EQ(seen->text(QAccessible::Description), QString());
+}
+
+TEST(TextField, ShowsHowALongTextBegins) {
+    Stage stage(field + area);
+    const QString text = u"The beginning of a text that is longer than its field is wide"_s;
+    stage.press(Qt::Key_Tab);
+    stage.type(text);
+    EXPECT_GT(stage.item("field").property("cursorRectangle").toRectF().right(), 180);
+    stage.press(Qt::Key_Tab);
+    QRectF first;
+    ASSERT_TRUE(QMetaObject::invokeMethod(&stage.item("field"), "positionToRectangle",
+                                          Q_RETURN_ARG(QRectF, first), Q_ARG(int, 0)));
+    EXPECT_GE(first.left(), 0);
+}
+
+TEST(TextField, IsOutOfReachWhileDisabled) {
+    Stage stage(field + area);
+    stage.item("field").setEnabled(false);
+    stage.press(Qt::Key_Tab);
+    EXPECT_EQ(stage.focused(), u"area"_s);
+    stage.click(stage.item("field"));
+    stage.click(stage.item("field"), Qt::RightButton);
+    EXPECT_EQ(stage.focused(), u"area"_s);
+    EXPECT_EQ(menuItem(stage, u"Select All"_s), nullptr);
+}
+
+class EditMenu : public testing::TestWithParam<Lang> {
+protected:
+    QString pair(const QString &chinese, const QString &english) const {
+        return GetParam() == Lang::zh ? chinese : english;
+    }
+
+    LanguageScope language{GetParam()};
+};
+
+TEST_P(EditMenu, ChangesTheText) {
+    Stage stage(field);
+    QQuickItem &item = stage.item("field");
+    QGuiApplication::clipboard()->setText(u"paste me"_s);
+    const auto choose = [&](const QString &text) {
+        stage.click(item, Qt::RightButton);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return menuItem(stage, text) != nullptr; }));
+        stage.settle();
+        stage.click(*menuItem(stage, text));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return menuItem(stage, text) == nullptr; }));
+    };
+    choose(pair(u"粘贴"_s, u"Paste"_s));
+    EXPECT_EQ(stage.value("field", "text"), u"paste me"_s);
+    choose(pair(u"全选"_s, u"Select All"_s));
+    EXPECT_EQ(stage.value("field", "selectedText"), u"paste me"_s);
+    stage.type(u"other"_s);
+    choose(pair(u"全选"_s, u"Select All"_s));
+    choose(pair(u"拷贝"_s, u"Copy"_s));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"other"_s);
+    choose(pair(u"剪切"_s, u"Cut"_s));
+    EXPECT_EQ(stage.value("field", "text"), QString());
+    EXPECT_EQ(stage.focused(), u"field"_s);
+}
+
+TEST_P(EditMenu, OffersOnlyWhatCanBeDone) {
+    Stage stage(field);
+    QGuiApplication::clipboard()->clear();
+    stage.press(Qt::Key_Tab);
+    stage.press(Qt::Key_Menu);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return menuItem(stage, pair(u"剪切"_s, u"Cut"_s)); }));
+    for (const QString &text : {pair(u"剪切"_s, u"Cut"_s), pair(u"拷贝"_s, u"Copy"_s),
+                                pair(u"粘贴"_s, u"Paste"_s), pair(u"全选"_s, u"Select All"_s)})
+        EXPECT_FALSE(menuItem(stage, text)->isEnabled()) << text.toStdString();
+    stage.press(Qt::Key_Escape);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !menuItem(stage, pair(u"剪切"_s, u"Cut"_s)); }));
+    EXPECT_EQ(stage.focused(), u"field"_s);
+}
+
+INSTANTIATE_TEST_SUITE_P(, EditMenu, testing::Values(Lang::en, Lang::zh),
+                         [](const testing::TestParamInfo<Lang> &language) {
+                             return language.param == Lang::zh ? "Chinese" : "English";
+                         });
+
+TEST(TextArea, TakesSeveralLinesAndLetsTabThrough) {
+    Stage stage(field + area);
+    stage.press(Qt::Key_Tab);
+    stage.press(Qt::Key_Tab);
+    ASSERT_EQ(stage.focused(), u"area"_s);
+    stage.type(u"one"_s);
+    stage.press(Qt::Key_Return);
+    stage.type(u"two"_s);
+    EXPECT_EQ(stage.value("area", "text"), u"one\ntwo"_s);
+    stage.press(Qt::Key_Tab);
+    EXPECT_NE(stage.focused(), u"area"_s);
+    stage.press(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(stage.focused(), u"area"_s);
+    EXPECT_EQ(stage.value("area", "text"), u"one\ntwo"_s);
+}
+
+TEST(TextArea, ScrollsToWhereOneTypes) {
+    Stage stage(area);
+    stage.press(Qt::Key_Tab);
+    for (int i = 0; i < 40; ++i) {
+        stage.type(u"line"_s);
+        stage.press(Qt::Key_Return);
+    }
+    const QQuickItem &editor = *stage.window().activeFocusItem();
+    const QRectF cursor =
+        editor.mapRectToItem(&stage.item("area"), editor.property("cursorRectangle").toRectF());
+    EXPECT_LE(cursor.bottom(), stage.item("area").height());
+    EXPECT_GE(cursor.top(), 0);
+    EXPECT_EQ(Stage::accessible(*stage.window().activeFocusItem())->text(QAccessible::Name),
+              u"Notes"_s);
+}
+
+TEST(NumberField, ShowsAndTakesNumbers) {
+    Stage stage(number + field);
+    EXPECT_EQ(stage.value("number", "text"), u"9.99"_s);
+    stage.click(stage.item("number"));
+    stage.press(Qt::Key_A, Qt::ControlModifier);
+    stage.type(u"12.5"_s);
+    EXPECT_EQ(stage.value("number", "value"), 12.5);
+    stage.press(Qt::Key_Tab);
+    EXPECT_EQ(stage.value("number", "text"), u"12.5"_s);
+}
+
+TEST(NumberField, LeavesTheNumberAsItWasForATextThatIsNone) {
+    for (const QString &text : {u"12x"_s, u"abc"_s, u"1.2.3"_s, u"9,99"_s, u"--1"_s}) {
+        Stage stage(number + field);
+        stage.click(stage.item("number"));
+        stage.press(Qt::Key_A, Qt::ControlModifier);
+        stage.type(text);
+        EXPECT_EQ(stage.value("number", "value"), 9.99) << text.toStdString();
+        stage.press(Qt::Key_Return);
+        EXPECT_EQ(stage.value("number", "text"), u"9.99"_s) << text.toStdString();
+    }
+}
+
+TEST(NumberField, LeavesTheNumberWhereTheTextIsDeleted) {
+    Stage stage(number + field);
+    stage.click(stage.item("number"));
+    stage.press(Qt::Key_A, Qt::ControlModifier);
+    stage.type(u"5"_s);
+    stage.press(Qt::Key_Backspace);
+    EXPECT_EQ(stage.value("number", "value"), 9.99);
+    EXPECT_EQ(stage.value("number", "text"), QString());
+    EXPECT_TRUE(stage.texts().contains(u"0"_s));
+    stage.click(stage.item("field"));
+    EXPECT_EQ(stage.value("number", "text"), u"9.99"_s);
+}
+
+TEST(NumberField, FollowsTheNumber) {
+    Stage stage(number + field);
+    stage.object("number").setProperty("value", 1234567.25);
+    EXPECT_EQ(stage.value("number", "text"), u"1234567.25"_s);
+    stage.object("number").setProperty("value", 0);
+    EXPECT_EQ(stage.value("number", "text"), u"0"_s);
+}
+
+} // namespace tovarin

@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/Printing.h"
+#include "tests/ui/Stage.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace tovarin {
+
+namespace {
+
+const QString window = u"SoftButton { objectName: 'behind'; title: 'Behind' }"
+                       "TextField { objectName: 'field'; y: 50; label: 'Field' }"
+                       "Sheet { objectName: 'sheet'; label: 'Settings'; preferredWidth: 300;"
+                       " preferredHeight: 200;"
+                       "  SoftButton { objectName: 'first'; x: 20; y: 20; title: 'First' }"
+                       "  SoftButton { objectName: 'second'; x: 20; y: 80; title: 'Second' } }"_s;
+
+class SheetTest : public testing::Test {
+protected:
+    void open() {
+        QMetaObject::invokeMethod(&sheet, "open");
+        ASSERT_TRUE(QTest::qWaitFor([this] { return sheet.property("opened").toBool(); }));
+        stage.settle();
+    }
+    bool isClosed() {
+        return QTest::qWaitFor([this] { return !sheet.property("visible").toBool(); });
+    }
+
+    Stage stage{window};
+    QObject &sheet = stage.object("sheet");
+};
+
+} // namespace
+
+TEST_F(SheetTest, KeepsTheKeyboardInside) {
+    stage.press(Qt::Key_Tab);
+    stage.press(Qt::Key_Tab);
+    ASSERT_EQ(stage.focused(), u"field"_s);
+    open();
+    QStringList visited;
+    for (int i = 0; i < 6; ++i) {
+        stage.press(Qt::Key_Tab);
+        visited.append(stage.focused());
+    }
+    EXPECT_TRUE(visited.contains(u"first"_s));
+    EXPECT_TRUE(visited.contains(u"second"_s));
+    EXPECT_FALSE(visited.contains(u"behind"_s));
+    EXPECT_FALSE(visited.contains(u"field"_s));
+    stage.press(Qt::Key_Escape);
+    ASSERT_TRUE(isClosed());
+    EXPECT_EQ(stage.focused(), u"field"_s);
+}
+
+TEST_F(SheetTest, PutsTheRestOutOfReach) {
+    QSignalSpy behind(&stage.item("behind"), SIGNAL(clicked()));
+    QSignalSpy first(&stage.item("first"), SIGNAL(clicked()));
+    const QColor before = stage.settle().pixelColor(470, 390);
+    open();
+    EXPECT_LT(stage.settle().pixelColor(470, 390).lightnessF(), before.lightnessF());
+    stage.click(stage.item("behind"));
+    EXPECT_EQ(behind.size(), 0);
+    EXPECT_TRUE(sheet.property("visible").toBool());
+    stage.click(stage.item("first"));
+    EXPECT_EQ(first.size(), 1);
+}
+
+TEST_F(SheetTest, IsADialogToAScreenReaderWhileItIsOpen) {
+    auto &content = *sheet.property("contentItem").value<QQuickItem *>();
+    EXPECT_TRUE(Stage::accessible(content)->state().invisible);
+    open();
+    EXPECT_EQ(Stage::accessible(content)->role(), QAccessible::Dialog);
+    EXPECT_EQ(Stage::accessible(content)->text(QAccessible::Name), u"Settings"_s);
+    EXPECT_FALSE(Stage::accessible(content)->state().invisible);
+}
+
+TEST_F(SheetTest, IsNoLargerThanTheWindow) {
+    open();
+    EXPECT_EQ(sheet.property("width"), 300);
+    stage.window().resize(200, 120);
+    stage.settle();
+    EXPECT_EQ(sheet.property("width"), 200 - 32);
+    EXPECT_EQ(sheet.property("height"), 120 - 32);
+}
+
+TEST(ScrollBarTest, IsThereOnlyWhereThereIsMore) {
+    Stage stage(u"Flickable { width: 100; height: 100; contentHeight: 50;"
+                " ScrollBar.vertical: ScrollBar { objectName: 'idle' } }"
+                "Flickable { objectName: 'long'; x: 200; width: 100; height: 100;"
+                " contentHeight: 1000; ScrollBar.vertical: ScrollBar { objectName: 'busy' } }"_s);
+    EXPECT_FALSE(stage.item("idle").isVisible());
+    QQuickItem &busy = stage.item("busy");
+    ASSERT_TRUE(busy.isVisible());
+    const QPoint top = busy.mapToScene({6, 5}).toPoint();
+    QTest::mousePress(&stage.window(), Qt::LeftButton, {}, top);
+    QTest::mouseMove(&stage.window(), top + QPoint(0, 90));
+    QTest::mouseRelease(&stage.window(), Qt::LeftButton, {}, top + QPoint(0, 90));
+    EXPECT_EQ(stage.value("long", "contentY"), 900);
+}
+
+} // namespace tovarin
