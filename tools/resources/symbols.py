@@ -10,6 +10,7 @@ TAKEN = {
     "arrow.right": "arrow_right",
     "book": "book",
     "bubble.left.and.bubble.right": "bubble_left_bubble_right",
+    "calendar": "calendar",
     "checkmark": "checkmark",
     "checkmark.circle.fill": "checkmark_circle_fill",
     "chevron.down": "chevron_down",

@@ -1,0 +1,3 @@
+import QtQuick.Templates as T
+
+T.Button {}
