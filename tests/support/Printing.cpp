@@ -22,6 +22,15 @@ void PrintTo(const QByteArray &bytes, std::ostream *out) {
     *out << '"' << bytes.toStdString() << '"';
 }
 
+void PrintTo(const QRect &rect, std::ostream *out) {
+    PrintTo(rect.size(), out);
+    *out << " at " << rect.x() << ", " << rect.y();
+}
+
+void PrintTo(const QSize &size, std::ostream *out) {
+    *out << size.width() << 'x' << size.height();
+}
+
 namespace std::chrono {
 
 void PrintTo(const tovarin::CivilDay &day, std::ostream *out) {

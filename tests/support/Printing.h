@@ -7,6 +7,8 @@
 #include "platform/Clock.h"
 
 #include <QByteArray>
+#include <QRect>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
@@ -16,6 +18,8 @@
 
 void PrintTo(const QString &text, std::ostream *out);
 void PrintTo(const QByteArray &bytes, std::ostream *out);
+void PrintTo(const QRect &rect, std::ostream *out);
+void PrintTo(const QSize &size, std::ostream *out);
 
 namespace std::chrono {
 void PrintTo(const tovarin::CivilDay &day, std::ostream *out);
