@@ -15,7 +15,8 @@ namespace tovarin {
 namespace {
 
 constexpr QSize firstSize(960, 640);
-constexpr QSize handle(100, 30);
+constexpr int titleBar = 30; // about what a window manager puts above a window
+constexpr QSize handle(100, titleBar);
 constexpr int largest = 32767;
 
 bool canBeTakenHoldOf(const QRect &frame, const QRect &screen) {
@@ -41,6 +42,22 @@ bool isNearer(const QRect &frame, const QRect &one, const QRect &other) {
     const qint64 ofOne = sharedArea(frame, one);
     const qint64 ofOther = sharedArea(frame, other);
     return ofOne != ofOther ? ofOne > ofOther : distance(frame, one) < distance(frame, other);
+}
+
+/// The largest frame that leaves room for a title bar, unless the minimum needs that.
+QSize room(const QRect &screen, const QSize &minimum) {
+    return {screen.width(),
+            std::max(screen.height() - titleBar, std::min(minimum.height(), screen.height()))};
+}
+
+/// The frame, no larger than the screen, moved as little as it takes to be on it with its title
+/// bar.
+QRect movedOnto(const QRect &screen, const QRect &frame) {
+    const int lastX = screen.x() + screen.width() - frame.width();
+    const int lastY = screen.y() + screen.height() - frame.height();
+    const int firstY = std::min(screen.y() + titleBar, lastY);
+    return {std::clamp(frame.x(), screen.x(), lastX), std::clamp(frame.y(), firstY, lastY),
+            frame.width(), frame.height()};
 }
 
 } // namespace
@@ -70,13 +87,14 @@ std::optional<SavedFrame> SavedFrame::fromText(const QString &text) {
 }
 
 QRect firstFrame(const QSize &minimum, const QList<QRect> &screens) {
-    const QSize wanted = firstSize.expandedTo(minimum);
+    const QSize size = firstSize.expandedTo(minimum);
     if (screens.isEmpty())
-        return {QPoint(0, 0), wanted};
+        return {QPoint(0, 0), size};
     const QRect &screen = screens.first();
-    const QSize size = wanted.boundedTo(screen.size());
-    return {screen.x() + (screen.width() - size.width()) / 2,
-            screen.y() + (screen.height() - size.height()) / 2, size.width(), size.height()};
+    QRect frame(QPoint(0, 0), size.boundedTo(room(screen, minimum)));
+    frame.moveTopLeft({screen.x() + (screen.width() - frame.width()) / 2,
+                       screen.y() + (screen.height() - frame.height()) / 2});
+    return movedOnto(screen, frame);
 }
 
 QRect fitted(const QRect &saved, const QSize &minimum, const QList<QRect> &screens) {
@@ -87,11 +105,7 @@ QRect fitted(const QRect &saved, const QSize &minimum, const QList<QRect> &scree
     const QRect screen = *std::min_element(
         screens.begin(), screens.end(),
         [&](const QRect &one, const QRect &other) { return isNearer(frame, one, other); });
-    const QSize size = frame.size().boundedTo(screen.size());
-    const int lastX = screen.x() + screen.width() - size.width();
-    const int lastY = screen.y() + screen.height() - size.height();
-    return {std::clamp(frame.x(), screen.x(), lastX), std::clamp(frame.y(), screen.y(), lastY),
-            size.width(), size.height()};
+    return movedOnto(screen, {frame.topLeft(), frame.size().boundedTo(room(screen, minimum))});
 }
 
 QSize fittedSize(const QSize &saved, const QSize &minimum, const QList<QRect> &screens) {

@@ -31,7 +31,9 @@ struct SavedFrame {
 };
 
 // Screens are given by the area that they leave to windows, the primary one first. Where there is
-// none, nothing is moved and nothing limited.
+// none, nothing is moved and nothing limited. A frame that is placed here, and not by the user, has
+// 30 points above it for the title bar, which the rectangle does not count; where a screen is as
+// low as the minimum, the title bar gives way.
 
 /// The frame of a window that is shown for the first time: 960 x 640 in the middle of the primary
 /// screen, and where that is smaller, no larger than it. Not smaller than the minimum where the
