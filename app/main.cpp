@@ -1,26 +1,24 @@
 // SPDX-FileCopyrightText: The Tovarin developers
 // SPDX-License-Identifier: MIT
 
-#include "app/FileDialogPanel.h"
+#include "app/AppDelegate.h"
+#include "app/DarkAppearance.h"
 #include "app/LocalizationManager.h"
-#include "catalog/ServiceLogo.h"
-#include "model/Store.h"
 #include "platform/ApplicationSupport.h"
-#include "platform/Bundle.h"
 #include "platform/Clock.h"
+#include "platform/DayWatch.h"
+#include "platform/SingleInstance.h"
 #include "platform/UserCalendar.h"
-#include "scan/job/ScanJob.h"
+#include "platform/UserDefaults.h"
 #include "scan/job/ScannerProgram.h"
-#include "ui/AppFonts.h"
-#include "ui/BillScanModel.h"
-#include "ui/ContentModel.h"
-#include "ui/ImageProviders.h"
 
 #include <QApplication>
-#include <QQmlApplicationEngine>
+#include <QDir>
 #include <QQuickStyle>
 #include <QQuickWindow>
 #include <QtPlugin>
+
+#include <cstdio>
 
 Q_IMPORT_PLUGIN(TovarinPlugin)
 
@@ -36,6 +34,14 @@ void chooseRenderer() {
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
+/// The files named on the command line.
+QList<QUrl> namedFiles() {
+    QList<QUrl> files;
+    for (const QString &argument : QApplication::arguments().sliced(1))
+        files.append(QUrl::fromUserInput(argument, QDir::currentPath(), QUrl::AssumeLocalFile));
+    return files;
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -43,32 +49,38 @@ int main(int argc, char **argv) {
 
     QApplication::setApplicationName(u"Tovarin"_s);
     QApplication::setDesktopFileName(u"app.tovarin.Tovarin"_s);
+    QApplication::setQuitOnLastWindowClosed(false);
     chooseRenderer();
     QQuickStyle::setStyle(u"Basic"_s);
-    const QApplication application(argc, argv);
+    QApplication application(argc, argv);
 
-    const Bundle bundle(u":/resources"_s);
-    AppFonts::registerBundledFonts(bundle);
-    const ServiceLogo logos(bundle);
+    const QList<QUrl> files = namedFiles();
+    SingleInstance instance;
+    switch (instance.claim(files)) {
+    case SingleInstance::Outcome::first:
+        break;
+    case SingleInstance::Outcome::handedOver:
+        return EXIT_SUCCESS;
+    case SingleInstance::Outcome::refused:
+        std::fprintf(stderr, "%s\n", qPrintable(instance.refusal()));
+        return EXIT_FAILURE;
+    }
 
     const SystemClock clock;
-    const UserCalendar calendar = UserCalendar::current(processEnvironment());
-    const LocalizationManager &loc = LocalizationManager::shared();
-    Store store(applicationSupportFolder(processEnvironment()), clock, calendar);
-    ContentModel content(store, clock, calendar, loc, logos);
-    QObject::connect(&application, &QGuiApplication::applicationStateChanged, &content,
-                     &ContentModel::noticeDay);
-    ScanJob scanJob(scannerProgram(QApplication::applicationDirPath()));
-    FileDialogPanel openPanel;
-    BillScanModel bills(scanJob, openPanel, store);
-
-    QQmlApplicationEngine engine;
-    engine.addImportPath(u"qrc:/"_s);
-    addImageProviders(engine, bundle, logos);
-    engine.setInitialProperties(
-        {{u"content"_s, QVariant::fromValue(&content)}, {u"bills"_s, QVariant::fromValue(&bills)}});
-    engine.load(QUrl(u"qrc:/Tovarin/Main.qml"_s));
-    if (engine.rootObjects().isEmpty())
-        return EXIT_FAILURE;
+    UserCalendar calendar = UserCalendar::current(processEnvironment());
+    AppDelegate delegate({applicationSupportFolder(processEnvironment()),
+                          scannerProgram(QApplication::applicationDirPath()), clock, calendar,
+                          LocalizationManager::shared(), UserDefaults::standard(),
+                          QDBusConnection::sessionBus()});
+    const DayWatch days(clock, calendar);
+    useDarkAppearance(application);
+    QObject::connect(&days, &DayWatch::changed, &delegate, &AppDelegate::noticeDay);
+    QObject::connect(&instance, &SingleInstance::activated, &delegate,
+                     &AppDelegate::showMainWindow);
+    QObject::connect(&instance, &SingleInstance::openRequested, &delegate, &AppDelegate::open);
+    delegate.applicationDidFinishLaunching();
+    instance.start();
+    if (!files.isEmpty())
+        delegate.open(files);
     return QApplication::exec();
 }

@@ -12,6 +12,7 @@
 #include "ui/BillScanModel.h"
 #include "ui/ContentModel.h"
 #include "ui/ImageProviders.h"
+#include "ui/MainMenu.h"
 
 #include <QEventLoop>
 #include <QGuiApplication>
@@ -63,7 +64,9 @@ public:
         m_engine.addImportPath(u"qrc:/"_s);
         addImageProviders(m_engine, m_bundle, m_logos);
         m_engine.setInitialProperties({{u"content"_s, QVariant::fromValue(&m_content)},
-                                       {u"bills"_s, QVariant::fromValue(&m_bills)}});
+                                       {u"bills"_s, QVariant::fromValue(&m_bills)},
+                                       {u"menu"_s, QVariant::fromValue(&m_menu)},
+                                       {u"visible"_s, true}});
         m_engine.load(QUrl(u"qrc:/Tovarin/Main.qml"_s));
         m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));
         if (!m_window)
@@ -93,6 +96,7 @@ private:
     ScanJob m_job{QString()};
     NoPanel m_panel;
     BillScanModel m_bills{m_job, m_panel, m_store};
+    MainMenu m_menu{false};
     QQmlApplicationEngine m_engine;
     QQuickWindow *m_window = nullptr;
     QQuickItem *m_list = nullptr;

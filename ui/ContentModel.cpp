@@ -39,7 +39,6 @@ ContentModel::ContentModel(const Store &store, const Clock &clock, const UserCal
     : QObject(parent)
     , m_store(store)
     , m_clock(clock)
-    , m_calendar(calendar)
     , m_subscriptions(calendar, logos)
     , m_upcoming(logos) {
     update();
@@ -61,14 +60,8 @@ QList<Subscription> ContentModel::sortedSubs() const {
     return sorted;
 }
 
-void ContentModel::noticeDay() {
-    if (m_calendar.day(m_clock.now()) != m_day)
-        update();
-}
-
 void ContentModel::update() {
     const Instant now = m_clock.now();
-    m_day = m_calendar.day(now);
     const double monthlyCNY = m_store.totalMonthlyCNY();
     m_monthlySpend = Format::base(monthlyCNY);
     m_yearlySpend = Format::base(monthlyCNY * monthsInYear);

@@ -64,8 +64,8 @@ public:
     /// equals keep the order of the list.
     QList<Subscription> sortedSubs() const;
 
-    /// Brings everything up to date if another day has begun since it last was.
-    void noticeDay();
+    /// Brings everything up to date: another day has begun, or the calendar is another.
+    void noticeDay() { update(); }
 
 Q_SIGNALS:
     void changed();
@@ -75,8 +75,6 @@ private:
 
     const Store &m_store;
     const Clock &m_clock;
-    const UserCalendar &m_calendar;
-    CivilDay m_day;
     QString m_monthlySpend;
     QString m_yearlySpend;
     int m_activeCount = 0;

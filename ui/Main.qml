@@ -4,22 +4,34 @@
 import QtQuick
 import Tovarin
 
+// The main window. Its title is in the language of the program's start, which is meant; the rest
+// follows the language.
 Window {
     id: root
 
     required property ContentModel content
     required property BillScanModel bills
+    required property MainMenu menu
 
     width: 960
     height: 640
     minimumWidth: 640
     minimumHeight: 420
-    visible: true
     color: "#0F0F11"
-    title: LocalizationManager.isZh ? "Tovarin · 订阅管家" : "Tovarin · Subscription Manager"
+    title: menu.isZh ? "Tovarin · 订阅管家" : "Tovarin · Subscription Manager"
 
+    MainMenuBar {
+        id: menuBar
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        menu: root.menu
+    }
     ContentView {
-        anchors.fill: parent
+        anchors.top: menuBar.bottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
         focus: true
         content: root.content
         bills: root.bills

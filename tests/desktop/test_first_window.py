@@ -65,9 +65,9 @@ class FirstWindow(unittest.TestCase):
     maxDiff = None
 
     def end(self, desktop, app, language):
-        """Closes the window as a user does; the program has then ended well and said nothing."""
+        """Quits as a user does; the program has then ended well and said nothing."""
         app.wait_window(TITLES[language])
-        desktop.close_window()
+        desktop.key("ctrl+q")
         self.assertEqual(app.wait(), 0)
         self.assertEqual(app.log(), "")
 

@@ -72,7 +72,7 @@ class Scan(unittest.TestCase):
 
     def end(self, desktop, app, language):
         app.wait_window(TITLES[language])
-        desktop.close_window()
+        desktop.key("ctrl+q")
         self.assertEqual(app.wait(), 0)
         self.assertEqual(app.log(), "")
 

@@ -244,17 +244,17 @@ TEST_F(ContentModelTest, FollowsTheLanguage) {
     EXPECT_EQ(content.monthlySpend(), u"$10"_s);
 }
 
-TEST_F(ContentModelTest, NoticesAnotherDayInTheUsersZone) {
+TEST_F(ContentModelTest, ShowsAnotherDayInTheUsersZone) {
     store.add(startingOn("2025-03-12T00:00:00Z"));
     QSignalSpy changed(&content, &ContentModel::changed);
 
     clock.set(instant("2025-03-10T15:59:59Z"));
     content.noticeDay();
-    EXPECT_EQ(changed.count(), 0);
+    EXPECT_EQ(column(*content.upcoming(), "dueText"), QStringList{u"in 2 days"_s});
 
     clock.set(instant("2025-03-10T16:00:00Z"));
     content.noticeDay();
-    EXPECT_EQ(changed.count(), 1);
+    EXPECT_EQ(changed.count(), 2);
     EXPECT_EQ(column(*content.upcoming(), "dueText"), QStringList{u"in 1 days"_s});
 
     clock.set(instant("2025-03-12T00:00:00Z"));

@@ -12,9 +12,11 @@
 #include "tests/support/Samples.h"
 #include "tests/support/ScriptedPanel.h"
 #include "tests/ui/Complaints.h"
+#include "tests/ui/Texts.h"
 #include "ui/BillScanModel.h"
 #include "ui/ContentModel.h"
 #include "ui/ImageProviders.h"
+#include "ui/MainMenu.h"
 
 #include <QDir>
 #include <QDropEvent>
@@ -38,17 +40,6 @@ using Lang = LocalizationManager::Lang;
 
 namespace {
 
-/// The texts in sight below an item.
-void collectTexts(const QQuickItem &item, QStringList &texts) {
-    if (!item.isVisible())
-        return;
-    const QString text = item.property("text").toString();
-    if (!text.isEmpty())
-        texts.append(text);
-    for (const QQuickItem *child : item.childItems())
-        collectTexts(*child, texts);
-}
-
 class Screens : public testing::TestWithParam<Lang> {
 protected:
     Screens() {
@@ -69,7 +60,9 @@ protected:
         content.emplace(*store, clock, calendar, LocalizationManager::shared(), logos);
         bills.emplace(job, panel, *store);
         engine.setInitialProperties({{u"content"_s, QVariant::fromValue(&*content)},
-                                     {u"bills"_s, QVariant::fromValue(&*bills)}});
+                                     {u"bills"_s, QVariant::fromValue(&*bills)},
+                                     {u"menu"_s, QVariant::fromValue(&menu)},
+                                     {u"visible"_s, true}});
         engine.load(QUrl(u"qrc:/Tovarin/Main.qml"_s));
         ASSERT_EQ(engine.rootObjects().size(), 1);
         window = qobject_cast<QQuickWindow *>(engine.rootObjects().first());
@@ -152,11 +145,7 @@ protected:
         settle();
     }
 
-    QStringList texts() const {
-        QStringList texts;
-        collectTexts(*window->contentItem(), texts);
-        return texts;
-    }
+    QStringList texts() const { return textsOf(*window->contentItem()); }
 
     bool isZh() const { return GetParam() == Lang::zh; }
     QString pair(const QString &chinese, const QString &english) const {
@@ -174,6 +163,7 @@ protected:
     ScanJob job{standInScanner(), amply};
     ScriptedPanel panel{{}};
     std::optional<BillScanModel> bills;
+    MainMenu menu{GetParam() == Lang::zh};
     QQmlApplicationEngine engine;
     QQuickWindow *window = nullptr;
 };
@@ -220,6 +210,8 @@ TEST_P(Screens, ShowTheEmptyState) {
     open();
     const QStringList expected =
         isZh() ? QStringList{u"Tovarin"_s,
+                             u"编辑"_s,
+                             u"Tovarin"_s,
                              u"[ 每月订阅支出 ]"_s,
                              u"¥0"_s,
                              u"本地数据 · CNY"_s,
@@ -233,6 +225,8 @@ TEST_P(Screens, ShowTheEmptyState) {
                              u"还没有任何订阅记录"_s,
                              u"从常见服务快选开始，或批量扫描账单截图"_s}
                : QStringList{u"Tovarin"_s,
+                             u"Edit"_s,
+                             u"Tovarin"_s,
                              u"[ MONTHLY SPEND ]"_s,
                              u"$0"_s,
                              u"LOCAL DATA · CNY"_s,
@@ -281,7 +275,9 @@ TEST_P(Screens, FollowTheLanguageAndTheList) {
     open();
     LocalizationManager::shared().setLang(isZh() ? Lang::en : Lang::zh);
     settle();
-    EXPECT_EQ(window->title(), pair(u"Tovarin · Subscription Manager"_s, u"Tovarin · 订阅管家"_s));
+    // The title and the menu stay as they were, which is meant.
+    EXPECT_EQ(window->title(), pair(u"Tovarin · 订阅管家"_s, u"Tovarin · Subscription Manager"_s));
+    EXPECT_TRUE(texts().contains(pair(u"编辑"_s, u"Edit"_s)));
     EXPECT_TRUE(texts().contains(pair(u"8 items"_s, u"8 项"_s)));
     EXPECT_TRUE(texts().contains(pair(u"$54.36"_s, u"¥391.38"_s)));
 

@@ -4,6 +4,7 @@
 #include "tests/ui/Stage.h"
 
 #include "tests/ui/Complaints.h"
+#include "tests/ui/Texts.h"
 #include "ui/ImageProviders.h"
 
 #include <QQmlComponent>
@@ -14,20 +15,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
-
-namespace {
-
-void collectTexts(const QQuickItem &item, QStringList &texts) {
-    if (!item.isVisible())
-        return;
-    const QString text = item.property("text").toString();
-    if (!text.isEmpty())
-        texts.append(text);
-    for (const QQuickItem *child : item.childItems())
-        collectTexts(*child, texts);
-}
-
-} // namespace
 
 Stage::Stage(const QString &qml, QSize size) {
     complaints().clear();
@@ -137,9 +124,7 @@ bool Stage::pressByScreenReader(QQuickItem &item) {
 }
 
 QStringList Stage::texts() {
-    QStringList texts;
-    collectTexts(*m_window.contentItem(), texts);
-    return texts;
+    return textsOf(*m_window.contentItem());
 }
 
 } // namespace tovarin

@@ -1,0 +1,174 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "app/AppDelegate.h"
+
+#include "app/LocalizationManager.h"
+#include "app/PanelPlace.h"
+#include "ui/AppFonts.h"
+#include "ui/ImageProviders.h"
+#include "ui/MenuBarModel.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQuickItem>
+#include <QQuickView>
+#include <QQuickWindow>
+#include <QScreen>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace tovarin {
+
+namespace {
+
+/// The press that takes the keyboard from the panel may be the one on its own item, which is meant
+/// to close it and not to open it anew. In milliseconds.
+constexpr qint64 sameClick = 400;
+
+QScreen *screenOf(const QRect &item, QPoint pointer) {
+    QScreen *const screen = QGuiApplication::screenAt(item.isEmpty() ? pointer : item.center());
+    return screen ? screen : QGuiApplication::primaryScreen();
+}
+
+} // namespace
+
+AppDelegate::AppDelegate(const Surroundings &surroundings)
+    : m_loc(surroundings.loc)
+    , m_bundle(u":/resources"_s)
+    , m_logos(m_bundle)
+    , m_brand(m_bundle)
+    , m_store(surroundings.applicationSupport, surroundings.clock, surroundings.calendar)
+    , m_content(m_store, surroundings.clock, surroundings.calendar, surroundings.loc, m_logos)
+    , m_scanJob(surroundings.scanner)
+    , m_bills(m_scanJob, m_openPanel, m_store)
+    , m_menu(surroundings.loc.isZh())
+    , m_defaults(surroundings.defaults)
+    , m_bus(surroundings.bus) {
+    m_engine.addImportPath(u"qrc:/"_s);
+    addImageProviders(m_engine, m_bundle, m_logos);
+    connect(&m_menu, &MainMenu::hide, this, &AppDelegate::hide);
+    connect(&m_menu, &MainMenu::quit, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::applicationDidFinishLaunching() {
+    AppFonts::registerBundledFonts(m_bundle);
+    QGuiApplication::setWindowIcon(QPixmap::fromImage(m_brand.markImage()));
+    showMainWindow();
+    setupStatusItem();
+    m_store.observe(this, [this](const QList<Subscription> &) { updateStatusTitle(); });
+}
+
+void AppDelegate::showMainWindow(const QString &activationToken) {
+    if (!m_window)
+        makeWindow();
+    if (!m_window->isVisible()) {
+        // Some displays forget the place of a window that is closed.
+        m_frame.reset();
+        m_frame = std::make_unique<WindowFrame>(*m_window, u"TovarinMainWindow"_s, m_defaults);
+    }
+    if (!activationToken.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+    if (m_window->windowStates().testFlag(Qt::WindowMinimized))
+        m_window->setWindowStates(m_window->windowStates() & ~Qt::WindowMinimized);
+    m_window->setVisible(true);
+    m_window->raise();
+    m_window->requestActivate();
+    Q_EMIT mainWindowDidShow();
+}
+
+void AppDelegate::open(const QList<QUrl> &files, const QString &activationToken) {
+    showMainWindow(activationToken);
+    m_bills.handleDrop(files);
+}
+
+void AppDelegate::togglePopover(QPoint pointer) {
+    if (m_popover) {
+        closePopover();
+        return;
+    }
+    if (m_sincePopoverLostFocus.isValid() && !m_sincePopoverLostFocus.hasExpired(sameClick)) {
+        m_sincePopoverLostFocus.invalidate();
+        return;
+    }
+    m_popover = std::make_unique<QQuickView>(&m_engine, nullptr);
+    auto *const model = new MenuBarModel(m_store, m_loc, m_popover.get());
+    m_popover->setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    m_popover->setTitle(u"Tovarin"_s);
+    m_popover->setColor(Qt::black);
+    m_popover->setInitialProperties({{u"panel"_s, QVariant::fromValue(model)}});
+    m_popover->setSource(QUrl(u"qrc:/Tovarin/MenuBarView.qml"_s));
+    QQuickItem *const root = m_popover->rootObject();
+    connect(root, SIGNAL(open()), this, SLOT(openFromPopover()));
+    connect(root, SIGNAL(quit()), qApp, SLOT(quit()), Qt::QueuedConnection);
+    connect(root, SIGNAL(dismiss()), this, SLOT(closePopover()));
+    connect(m_popover.get(), &QWindow::activeChanged, this, &AppDelegate::noticePopoverFocus);
+
+    const QRect item = m_statusItem ? m_statusItem->geometry() : QRect();
+    QScreen *const screen = screenOf(item, pointer);
+    m_popover->setScreen(screen);
+    m_popover->setPosition(
+        panelPlace(item, pointer, screen->availableGeometry(), m_popover->size()));
+    m_popover->show();
+    m_popover->raise();
+    m_popover->requestActivate();
+}
+
+void AppDelegate::hide() {
+    closePopover();
+    if (m_window)
+        m_window->hide();
+}
+
+void AppDelegate::openFromPopover() {
+    closePopover();
+    showMainWindow();
+}
+
+void AppDelegate::closePopover() {
+    if (!m_popover)
+        return;
+    // It may be the panel itself that asks for this.
+    QQuickView *const popover = m_popover.release();
+    popover->disconnect(this);
+    popover->hide();
+    popover->deleteLater();
+}
+
+void AppDelegate::setupStatusItem() {
+    m_statusItem = std::make_unique<StatusItem>(m_bus);
+    m_statusItem->setIcon(m_brand.panelIcon());
+    connect(m_statusItem.get(), &StatusItem::triggered, this, &AppDelegate::togglePopover);
+    updateStatusTitle();
+}
+
+void AppDelegate::updateStatusTitle() {
+    if (!m_statusItem)
+        return;
+    m_statusToolTip = m_loc.isZh() ? u"Tovarin · 点击查看订阅支出"_s
+                                   : u"Tovarin · Click to view subscription spend"_s;
+    m_statusItem->setToolTip(m_statusToolTip);
+}
+
+void AppDelegate::makeWindow() {
+    QQmlComponent component(&m_engine, QUrl(u"qrc:/Tovarin/Main.qml"_s));
+    QObject *const object =
+        component.createWithInitialProperties({{u"content"_s, QVariant::fromValue(&m_content)},
+                                               {u"bills"_s, QVariant::fromValue(&m_bills)},
+                                               {u"menu"_s, QVariant::fromValue(&m_menu)}});
+    m_window.reset(qobject_cast<QQuickWindow *>(object));
+    if (!m_window)
+        qFatal("The main window is missing: %s", qPrintable(component.errorString()));
+}
+
+void AppDelegate::noticePopoverFocus() {
+    if (!m_popover || m_popover->isActive())
+        return;
+    m_sincePopoverLostFocus.start();
+    closePopover();
+}
+
+} // namespace tovarin

@@ -1,0 +1,199 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "app/AppDelegate.h"
+
+#include "app/LocalizationManager.h"
+#include "tests/support/LanguageScope.h"
+#include "tests/support/ManualClock.h"
+#include "tests/support/MemoryDefaults.h"
+#include "tests/support/Printing.h"
+#include "tests/support/Samples.h"
+#include "tests/ui/Texts.h"
+
+#include <QQuickItem>
+#include <QQuickView>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QtPlugin>
+
+#include <gtest/gtest.h>
+
+Q_IMPORT_PLUGIN(TovarinPlugin)
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace tovarin {
+
+using Lang = LocalizationManager::Lang;
+
+namespace {
+
+class AppDelegateTest : public testing::TestWithParam<Lang> {
+protected:
+    QString pair(const QString &chinese, const QString &english) const {
+        return GetParam() == Lang::zh ? chinese : english;
+    }
+
+    static void settle(QQuickWindow &window) {
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        ASSERT_FALSE(window.grabWindow().isNull());
+    }
+
+    void openPanel() {
+        delegate.togglePopover({50, 50});
+        ASSERT_TRUE(delegate.popover());
+        settle(*delegate.popover());
+    }
+
+    QStringList panelTexts() const { return textsOf(*delegate.popover()->contentItem()); }
+
+    void press(const QString &title) {
+        QList<QQuickItem *> waiting{delegate.popover()->contentItem()};
+        while (!waiting.isEmpty()) {
+            QQuickItem *const item = waiting.takeFirst();
+            if (item->property("title") == title) {
+                QMetaObject::invokeMethod(item, "clicked");
+                QCoreApplication::processEvents();
+                return;
+            }
+            waiting.append(item->childItems());
+        }
+        FAIL() << title.toStdString();
+    }
+
+    QTemporaryDir folder;
+    LanguageScope language{GetParam()};
+    ManualClock clock{instant("2025-06-10T04:00:00Z")};
+    UserCalendar calendar = calendarIn("Asia/Shanghai");
+    MemoryDefaults defaults;
+    AppDelegate delegate{{folder.path(), QString(), clock, calendar, LocalizationManager::shared(),
+                          defaults, QDBusConnection(u"no bus"_s)}};
+    QSignalSpy shown{&delegate, &AppDelegate::mainWindowDidShow};
+};
+
+} // namespace
+
+TEST_P(AppDelegateTest, ShowsOneWindow) {
+    EXPECT_EQ(delegate.window(), nullptr);
+    delegate.applicationDidFinishLaunching();
+    QQuickWindow *const window = delegate.window();
+    ASSERT_TRUE(window);
+    settle(*window);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(window->title(), pair(u"Tovarin · 订阅管家"_s, u"Tovarin · Subscription Manager"_s));
+    EXPECT_EQ(window->size(), QSize(960, 640).boundedTo(window->screen()->availableSize()));
+    EXPECT_EQ(shown.size(), 1);
+    // In sight already: it is told all the same.
+    delegate.showMainWindow();
+    EXPECT_EQ(delegate.window(), window);
+    EXPECT_EQ(shown.size(), 2);
+}
+
+TEST_P(AppDelegateTest, BringsTheWindowBack) {
+    delegate.applicationDidFinishLaunching();
+    QQuickWindow *const window = delegate.window();
+    settle(*window);
+    window->resize(800, 500);
+    settle(*window);
+    window->close();
+    EXPECT_FALSE(window->isVisible());
+    delegate.showMainWindow();
+    settle(*window);
+    EXPECT_EQ(delegate.window(), window);
+    EXPECT_EQ(window->size(), QSize(800, 500));
+    delegate.hide();
+    EXPECT_FALSE(window->isVisible());
+    delegate.showMainWindow();
+    EXPECT_TRUE(window->isVisible());
+    window->showMinimized();
+    delegate.showMainWindow();
+    EXPECT_FALSE(window->windowStates().testFlag(Qt::WindowMinimized));
+    EXPECT_EQ(shown.size(), 4);
+}
+
+TEST_P(AppDelegateTest, OpensThePanelWithWhatIsTrueNow) {
+    delegate.applicationDidFinishLaunching();
+    openPanel();
+    EXPECT_EQ(delegate.popover()->width(), 300);
+    EXPECT_EQ(panelTexts(), (QStringList{u"Tovarin"_s, pair(u"每月订阅支出"_s, u"Monthly spend"_s),
+                                         pair(u"¥0"_s, u"$0"_s),
+                                         pair(u"每年约 ¥0 · 进行中 0 个"_s, u"≈$0/yr · 0 active"_s),
+                                         pair(u"近 7 天待扣费"_s, u"Due in the next 7 days"_s),
+                                         pair(u"近期没有要扣费的订阅"_s, u"Nothing due soon"_s),
+                                         pair(u"打开 Tovarin"_s, u"Open Tovarin"_s),
+                                         pair(u"退出"_s, u"Quit"_s)}));
+    delegate.togglePopover({50, 50});
+    EXPECT_EQ(delegate.popover(), nullptr);
+
+    Subscription sub = sampleSubscription(u"Morning Run"_s);
+    sub.startDate = clock.now();
+    delegate.store().add(sub);
+    const LanguageScope other(GetParam() == Lang::zh ? Lang::en : Lang::zh);
+    openPanel();
+    EXPECT_EQ(
+        panelTexts(),
+        (QStringList{u"Tovarin"_s, pair(u"Monthly spend"_s, u"每月订阅支出"_s),
+                     pair(u"$4.17"_s, u"¥30"_s),
+                     pair(u"≈$50/yr · 1 active"_s, u"每年约 ¥360 · 进行中 1 个"_s),
+                     pair(u"Due in the next 7 days"_s, u"近 7 天待扣费"_s), u"Morning Run"_s,
+                     pair(u"Today"_s, u"今天"_s), u"-¥30"_s,
+                     pair(u"Open Tovarin"_s, u"打开 Tovarin"_s), pair(u"Quit"_s, u"退出"_s)}));
+}
+
+TEST_P(AppDelegateTest, ClosesThePanelByEscapeAndWhenItLosesTheKeyboard) {
+    delegate.applicationDidFinishLaunching();
+    openPanel();
+    QTest::keyClick(delegate.popover(), Qt::Key_Escape);
+    EXPECT_EQ(delegate.popover(), nullptr);
+
+    openPanel();
+    delegate.window()->requestActivate();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !delegate.popover(); }));
+    // The press on the item that took the keyboard away does not open it again; the next one does.
+    delegate.togglePopover({50, 50});
+    EXPECT_EQ(delegate.popover(), nullptr);
+    delegate.togglePopover({50, 50});
+    EXPECT_NE(delegate.popover(), nullptr);
+}
+
+TEST_P(AppDelegateTest, LeadsFromThePanelToTheWindow) {
+    delegate.applicationDidFinishLaunching();
+    settle(*delegate.window());
+    delegate.window()->close();
+    openPanel();
+    press(pair(u"打开 Tovarin"_s, u"Open Tovarin"_s));
+    EXPECT_EQ(delegate.popover(), nullptr);
+    EXPECT_TRUE(delegate.window()->isVisible());
+    EXPECT_EQ(shown.size(), 2);
+}
+
+TEST_P(AppDelegateTest, QuitsFromThePanel) {
+    delegate.applicationDidFinishLaunching();
+    openPanel();
+    QSignalSpy quitting(qApp, &QCoreApplication::aboutToQuit);
+    QTimer::singleShot(0, qApp, [this] { press(pair(u"退出"_s, u"Quit"_s)); });
+    QCoreApplication::exec();
+    EXPECT_EQ(quitting.size(), 1);
+}
+
+TEST_P(AppDelegateTest, SaysWhatTheItemIsFor) {
+    delegate.applicationDidFinishLaunching();
+    const QString zh = u"Tovarin · 点击查看订阅支出"_s;
+    const QString en = u"Tovarin · Click to view subscription spend"_s;
+    EXPECT_EQ(delegate.statusToolTip(), pair(zh, en));
+    const LanguageScope other(GetParam() == Lang::zh ? Lang::en : Lang::zh);
+    // Only with the next change of the list.
+    EXPECT_EQ(delegate.statusToolTip(), pair(zh, en));
+    delegate.store().add(sampleSubscription());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return delegate.statusToolTip() == pair(en, zh); }));
+}
+
+INSTANTIATE_TEST_SUITE_P(, AppDelegateTest, testing::Values(Lang::en, Lang::zh),
+                         [](const testing::TestParamInfo<Lang> &language) {
+                             return language.param == Lang::zh ? "Chinese" : "English";
+                         });
+
+} // namespace tovarin
