@@ -3,7 +3,6 @@
 
 #include "app/WindowFrame.h"
 
-#include <QEvent>
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -43,17 +42,10 @@ WindowFrame::WindowFrame(QWindow &window, const QString &name, UserDefaults &def
     connect(&window, &QWindow::heightChanged, this, &WindowFrame::noticeChange);
     connect(&window, &QWindow::windowStateChanged, this, &WindowFrame::noticeChange);
     connect(&window, &QWindow::visibleChanged, this, &WindowFrame::noticeVisibility);
-    window.installEventFilter(this);
 }
 
 WindowFrame::~WindowFrame() {
     saveUnsaved();
-}
-
-bool WindowFrame::eventFilter(QObject *watched, QEvent *event) {
-    if (event->type() == QEvent::Close)
-        saveUnsaved();
-    return QObject::eventFilter(watched, event);
 }
 
 void WindowFrame::restore() {

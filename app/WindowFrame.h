@@ -36,8 +36,6 @@ public:
                 Positions positions = positionsHere());
     ~WindowFrame() override;
 
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     void restore();
     void noticeChange();

@@ -63,6 +63,15 @@ private:
     QTemporaryDir m_folder;
 };
 
+/// A calendar in whose zone so much time is left of the day, rounded down to whole seconds.
+UserCalendar calendarBeforeMidnight(Instant now, seconds left) {
+    const seconds sinceMidnight = floor<seconds>(now.time_since_epoch()) % 86400s;
+    seconds offset = 86400s - left - sinceMidnight;
+    if (offset > 12h)
+        offset -= 24h;
+    return UserCalendar(u"en_US"_s, UserZone(QTimeZone(static_cast<int>(offset.count()))));
+}
+
 class DayWatchTest : public testing::Test {
 protected:
     void count(const DayWatch &watch) {
@@ -149,17 +158,30 @@ TEST_F(DayWatchTest, TellsOnceOfEachNewDay) {
 TEST_F(DayWatchTest, TellsByItselfWhenTheDayBegins) {
     ZoneFolder folder("Etc/UTC");
     const SystemClock clock;
-    // In this zone, it is a second to midnight.
-    const auto left = floor<seconds>(clock.now().time_since_epoch()) % 86400s;
-    const seconds offset = (left > 43200s ? 86400s : 0s) - left - 1s;
-    UserCalendar calendar(u"en_US"_s, UserZone(QTimeZone(static_cast<int>(offset.count()))));
+    UserCalendar calendar = calendarBeforeMidnight(clock.now(), 1s);
     const CivilDay before = calendar.day(clock.now());
-    DayWatch watch(clock, calendar, folder.source());
+    const DayWatch watch(clock, calendar, folder.source());
     count(watch);
     EXPECT_TRUE(waitFor([this] { return m_changes > 0; }));
     EXPECT_EQ(calendar.day(clock.now()), before + days(1));
     settle();
     EXPECT_EQ(changes(), 1);
+}
+
+TEST_F(DayWatchTest, TellsByItselfWhenTheDayBeginsInANewZone) {
+    ZoneFolder folder("Etc/UTC");
+    const SystemClock clock;
+    UserCalendar calendar = calendarBeforeMidnight(clock.now(), 6h);
+    ZoneSource source = folder.source();
+    source.read = [&](const Environment &) { return calendarBeforeMidnight(clock.now(), 2s); };
+    const DayWatch watch(clock, calendar, source);
+    count(watch);
+    folder.set("Etc/GMT-1");
+    EXPECT_TRUE(waitFor([this] { return m_changes > 0; }));
+    const CivilDay before = calendar.day(clock.now());
+    EXPECT_EQ(changes(), 1);
+    EXPECT_TRUE(waitFor([this] { return m_changes > 0; }));
+    EXPECT_EQ(calendar.day(clock.now()), before + days(1));
 }
 
 TEST_F(DayWatchTest, TellsByItselfWhenTheGivenClockIsNotTheKernels) {

@@ -7,6 +7,8 @@
 #include "tests/support/Samples.h"
 #include "tests/support/WaitFor.h"
 
+#include <QTimer>
+
 #include <gtest/gtest.h>
 
 #include <sys/resource.h>
@@ -114,11 +116,12 @@ TEST_F(WallTimerTest, RingsWithoutATimerFromTheKernel) {
     EXPECT_EQ(m_rings, 1);
 }
 
-/// What a second of waiting costs: nothing.
 TEST_F(WallTimerTest, WakesNobodyWhileItWaits) {
     const SystemClock clock;
     WallTimer timer(clock);
     countRings(timer);
+    QTimer limit;
+    limit.start(10s);
     timer.ringAt(clock.now() + 1s);
     settle();
     rusage before{};
@@ -127,7 +130,8 @@ TEST_F(WallTimerTest, WakesNobodyWhileItWaits) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     getrusage(RUSAGE_THREAD, &after);
     EXPECT_EQ(m_rings, 1) << "the first thing to wake";
-    EXPECT_EQ(after.ru_nvcsw - before.ru_nvcsw, 1);
+    // To have a page of the program read from the disk is to wait, too.
+    EXPECT_LE(after.ru_nvcsw - before.ru_nvcsw, 1 + after.ru_majflt - before.ru_majflt);
 }
 
 } // namespace tovarin
