@@ -11,6 +11,7 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QQmlComponent>
 #include <QQuickItem>
 #include <QQuickView>
@@ -106,6 +107,7 @@ void AppDelegate::togglePopover(QPoint pointer) {
     connect(root, SIGNAL(quit()), qApp, SLOT(quit()), Qt::QueuedConnection);
     connect(root, SIGNAL(dismiss()), this, SLOT(closePopover()));
     connect(m_popover.get(), &QWindow::activeChanged, this, &AppDelegate::noticePopoverFocus);
+    m_popover->installEventFilter(this);
 
     const QRect item = m_statusItem ? m_statusItem->geometry() : QRect();
     QScreen *const screen = screenOf(item, pointer);
@@ -136,6 +138,19 @@ void AppDelegate::closePopover() {
     popover->disconnect(this);
     popover->hide();
     popover->deleteLater();
+}
+
+bool AppDelegate::eventFilter(QObject *watched, QEvent *event) {
+    if (watched != m_popover.get() || event->type() != QEvent::KeyPress)
+        return QObject::eventFilter(watched, event);
+    const QKeyCombination pressed = static_cast<QKeyEvent *>(event)->keyCombination();
+    if (pressed == (Qt::CTRL | Qt::Key_Q))
+        Q_EMIT m_menu.quit();
+    else if (pressed == (Qt::CTRL | Qt::Key_H))
+        Q_EMIT m_menu.hide();
+    else
+        return false;
+    return true;
 }
 
 void AppDelegate::setupStatusItem() {

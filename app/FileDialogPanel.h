@@ -13,7 +13,8 @@ namespace tovarin {
 /// Needs a QApplication.
 class FileDialogPanel final : public OpenPanel {
 public:
-    /// Modal for the whole program, above the window that has the focus.
+    /// Modal for the window that has the focus, and above it; for the whole program where none has.
+    /// Quitting cancels it.
     QList<QUrl> run(const Request &request) override;
 };
 
