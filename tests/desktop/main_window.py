@@ -1,6 +1,7 @@
 # SPDX-FileCopyrightText: The Tovarin developers
 # SPDX-License-Identifier: MIT
 """What the main window says, read as a screen reader reads it."""
+import json
 import os
 import shutil
 
@@ -27,9 +28,35 @@ def install(session, source):
 
 
 def install_bytes(session, content):
-    os.makedirs(os.path.dirname(data_file(session)))
+    os.makedirs(os.path.dirname(data_file(session)), exist_ok=True)
     with open(data_file(session), "wb") as file:
         file.write(content)
+
+
+def configuration(session):
+    """Where the program of this session keeps its settings."""
+    return os.path.join(session.env["XDG_CONFIG_HOME"], "Tovarin", "Tovarin.conf")
+
+
+def configure(session, **settings):
+    """Writes the settings before the program starts; in the name of one, "__" stands for a dot."""
+    os.makedirs(os.path.dirname(configuration(session)))
+    with open(configuration(session), "w", encoding="utf-8") as file:
+        file.write("[General]\n")
+        for name, value in settings.items():
+            file.write(f"{name.replace('__', '.')}={value}\n")
+
+
+def record(number, name, start, amount, currency="CNY", **others):
+    """An active monthly entry of the file, charged first at noon in Shanghai on the day `start`."""
+    return {"id": f"00000000-0000-4000-8000-{number:012}", "name": name, "amount": amount,
+            "currency": currency, "billingType": "recurring", "cycle": "monthly",
+            "category": "影音", "startDate": start + "T04:00:00Z", "isActive": True, "notes": "",
+            **others}
+
+
+def install_records(session, records):
+    install_bytes(session, json.dumps(records).encode())
 
 
 def picture(session, path):
@@ -96,3 +123,35 @@ class MainWindow:
         ending = {"en": " items", "zh": " 项"}[self.language]
         named = [text for text in self.head() if text.endswith(ending)]
         return int(named[0].removesuffix(ending)) if named else 0
+
+
+class Panel:
+    """The panel of the tray item, which is open or about to."""
+
+    def __init__(self, app):
+        self.app = app
+        self.dialog = app.find("dialog", "Tovarin")
+
+    def texts(self):
+        """What stands in it outside of its rows, from top to bottom."""
+        return [e.name for e in self.dialog.children
+                if e.role == "label" and e.has("visible")]
+
+    def rows(self):
+        """The texts of each charge that it names."""
+        return [[text.name for text in row.children]
+                for row in self.dialog.children if row.role == "list item"]
+
+    def buttons(self):
+        return [e.name for e in self.dialog.children if e.role == "push button"]
+
+    def button(self, name):
+        return self.dialog.find("push button", name)
+
+    def wait_for_keyboard(self):
+        wait_for("the keyboard in the panel",
+                 lambda: self.dialog.find_all(where=lambda e: e.has("focused"))
+                 or self.dialog.has("focused"))
+
+    def wait_closed(self):
+        self.app.gone("dialog", "Tovarin")

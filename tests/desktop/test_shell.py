@@ -1,0 +1,419 @@
+#!/usr/bin/python3
+# SPDX-FileCopyrightText: The Tovarin developers
+# SPDX-License-Identifier: MIT
+"""test_shell.py PROGRAM PICTURES: lives in Tovarin as a user does: closes and hides its window and
+brings it back, starts it twice, opens the panel of its tray item, and quits it in every way. Leaves
+pictures of the window and the panel in the folder PICTURES.
+"""
+import glob
+import os
+import re
+import shutil
+import sys
+import time
+import unittest
+
+from main_window import (LOCALES, SAMPLE, TITLES, MainWindow, Panel, configure, configuration,
+                         data_file, install, install_records, picture, record)
+from session import Session, Tray, wait_for
+
+PROGRAM = PICTURES = None
+BILLS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../data/bills")
+
+# The program itself needs far less; the machine may be busy.
+MOST_SECONDS_TO_QUIT = 5
+
+OPEN = {"en": "Open Tovarin", "zh": "打开 Tovarin"}
+QUIT = {"en": "Quit", "zh": "退出"}
+MENU_HIDE = {"en": "Hide Tovarin", "zh": "隐藏 Tovarin"}
+MENU_QUIT = {"en": "Quit Tovarin", "zh": "退出 Tovarin"}
+EDIT = {"en": "Edit", "zh": "编辑"}
+SCAN = {"en": "Scan", "zh": "扫描识别"}
+CHOOSE = {"en": "Choose bill screenshots or PDFs", "zh": "选择账单截图或 PDF"}
+TOOLTIPS = {"en": "Tovarin · Click to view subscription spend", "zh": "Tovarin · 点击查看订阅支出"}
+
+EMPTY_HEAD = {
+    "en": ["[ MONTHLY SPEND ]", "$0", "LOCAL DATA · CNY", "Yearly", "$0", "Active", "0",
+           "Due in 7d", "0", "No subscriptions yet",
+           "Start with quick pick, or batch-scan billing screenshots"],
+    "zh": ["[ 每月订阅支出 ]", "¥0", "本地数据 · CNY", "每年支出", "¥0", "进行中", "0",
+           "近 7 天待扣", "0", "还没有任何订阅记录", "从常见服务快选开始，或批量扫描账单截图"],
+}
+
+# On 10 June 2025 six of these are due within a week, one today; two are not.
+CHARGES = [
+    record(1, "Fifth", "2025-01-14", 14),
+    record(2, "Later", "2025-01-18", 1000),
+    record(3, "Third", "2025-01-12", 4.5, "USD"),
+    record(4, "First", "2025-01-10", 10),
+    record(5, "Sixth", "2025-01-17", 16),
+    record(6, "Fourth", "2025-01-13", 13),
+    record(7, "Paused", "2025-01-11", 500, isActive=False),
+    record(8, "Second", "2025-01-11", 11),
+]
+FOUR_SOONEST = {
+    "en": [["First", "Today", "-¥10"], ["Second", "1d", "-¥11"], ["Third", "2d", "-$4.50"],
+           ["Fourth", "3d", "-¥13"]],
+    "zh": [["First", "今天", "-¥10"], ["Second", "1天后", "-¥11"], ["Third", "2天后", "-$4.50"],
+           ["Fourth", "3天后", "-¥13"]],
+}
+SIX_UPCOMING = {
+    "en": [["First", "Charged today", "¥10"], ["Second", "in 1 days", "¥11"],
+           ["Third", "in 2 days", "$4.50"], ["Fourth", "in 3 days", "¥13"],
+           ["Fifth", "in 4 days", "¥14"], ["Sixth", "in 7 days", "¥16"]],
+    "zh": [["First", "今天扣费", "¥10"], ["Second", "1 天后扣费", "¥11"],
+           ["Third", "2 天后扣费", "$4.50"], ["Fourth", "3 天后扣费", "¥13"],
+           ["Fifth", "4 天后扣费", "¥14"], ["Sixth", "7 天后扣费", "¥16"]],
+}
+# 10 + 11 + 13 + 14 + 16 + 1000 yuan and 4.50 dollars of 7.20 each.
+PANEL_TEXTS = {
+    "en": ["Tovarin", "Monthly spend", "$152.28", "≈$1827.33/yr · 7 active",
+           "Due in the next 7 days"],
+    "zh": ["Tovarin", "每月订阅支出", "¥1096.40", "每年约 ¥13156.80 · 进行中 7 个",
+           "近 7 天待扣费"],
+}
+EMPTY_PANEL_TEXTS = {
+    "en": ["Tovarin", "Monthly spend", "$0", "≈$0/yr · 0 active", "Due in the next 7 days",
+           "Nothing due soon"],
+    "zh": ["Tovarin", "每月订阅支出", "¥0", "每年约 ¥0 · 进行中 0 个", "近 7 天待扣费",
+           "近期没有要扣费的订阅"],
+}
+
+
+def session(language, prepare=None, clock="2025-06-10 09:00:00", **options):
+    """A desktop with a tray on which it is 10 June 2025, nine in the morning in Shanghai."""
+    return Session(lang=LOCALES[language], tz="Asia/Shanghai", clock=clock,
+                   **{"tray": "sni", "notifications": "none", "prepare": prepare, **options})
+
+
+class Shell(unittest.TestCase):
+    maxDiff = None
+
+    def start(self, desktop, language):
+        app = desktop.start([PROGRAM])
+        window = MainWindow(app, language)
+        app.wait_window(TITLES[language])
+        return app, window
+
+    def expect_end(self, app, since):
+        """The program ends well, soon, and has said nothing."""
+        self.assertEqual(app.wait(), 0)
+        seconds = time.monotonic() - since
+        self.assertEqual(app.log(), "")
+        self.assertLess(seconds, MOST_SECONDS_TO_QUIT)
+        print(f"\n    ended after {seconds:.2f} s", end=" ")
+
+    def end(self, desktop, app, language):
+        app.wait_window(TITLES[language])
+        since = time.monotonic()
+        desktop.key("ctrl+q")
+        self.expect_end(app, since)
+
+    def wait_unseen(self, app):
+        wait_for("no window in sight", lambda: not app.windows())
+
+    def choose_in_menu(self, app, menu, item):
+        app.find("menu bar", menu).click()
+        # At this point the accessibility tree names what the menu covers.
+        app.s.click(*app.find("menu item", item).center())
+
+    def open_panel(self, desktop, app):
+        desktop.tray.wait().click()
+        panel = Panel(app)
+        panel.wait_for_keyboard()
+        return panel
+
+
+class Starts(Shell):
+    def test_first_start_then_another_with_records(self):
+        for language in LOCALES:
+            with self.subTest(language), session(language) as desktop:
+                app, window = self.start(desktop, language)
+                self.assertEqual(window.head(), EMPTY_HEAD[language])
+                self.assertIsNone(window.upcoming())
+                self.end(desktop, app, language)
+
+                install_records(desktop, CHARGES)
+                app, window = self.start(desktop, language)
+                self.assertEqual(window.head()[:9], {
+                    "en": ["[ MONTHLY SPEND ]", "$152.28", "LOCAL DATA · CNY", "Yearly",
+                           "$1827.33", "Active", "7", "Due in 7d", "6"],
+                    "zh": ["[ 每月订阅支出 ]", "¥1096.40", "本地数据 · CNY", "每年支出",
+                           "¥13156.80", "进行中", "7", "近 7 天待扣", "6"]}[language])
+                self.assertEqual(window.upcoming(), SIX_UPCOMING[language])
+                window.list.scroll_to("label", {"en": "8 items", "zh": "8 项"}[language])
+                self.end(desktop, app, language)
+
+    def test_follows_the_language_setting_at_the_next_start(self):
+        for language, setting in (("en", "zh"), ("zh", "en")):
+            with self.subTest(setting), \
+                    session(language, lambda s: configure(s, appLanguage=setting)) as desktop:
+                app, window = self.start(desktop, setting)
+                self.assertEqual(window.head(), EMPTY_HEAD[setting])
+                self.assertEqual(desktop.tray.wait().tooltip, TOOLTIPS[setting])
+                self.assertEqual([menu.name for menu in app.find_all("menu bar")
+                                  if menu.name], ["Tovarin", EDIT[setting]])
+                self.choose_in_menu(app, "Tovarin", MENU_HIDE[setting])
+                self.wait_unseen(app)
+                self.open_panel(desktop, app).button(OPEN[setting]).click()
+                self.end(desktop, app, setting)
+
+
+class Panels(Shell):
+    def test_shows_nothing_due(self):
+        for language in LOCALES:
+            with self.subTest(language), session(language) as desktop:
+                app, _ = self.start(desktop, language)
+                item = desktop.tray.wait()
+                self.assertEqual(item.tooltip, TOOLTIPS[language])
+                self.assertNotIn("XAyatanaLabel", item.props())
+                panel = self.open_panel(desktop, app)
+                self.assertEqual(panel.texts(), EMPTY_PANEL_TEXTS[language])
+                self.assertEqual(panel.rows(), [])
+                self.assertEqual(panel.buttons(), [OPEN[language], QUIT[language]])
+                picture(desktop, os.path.join(PICTURES, f"panel-none-due-{language}.png"))
+                desktop.key("Escape")
+                panel.wait_closed()
+                self.end(desktop, app, language)
+
+    def test_shows_the_four_soonest(self):
+        for language in LOCALES:
+            with self.subTest(language), \
+                    session(language, lambda s: install_records(s, CHARGES)) as desktop:
+                app, _ = self.start(desktop, language)
+                panel = self.open_panel(desktop, app)
+                self.assertEqual(panel.texts(), PANEL_TEXTS[language])
+                self.assertEqual(panel.rows(), FOUR_SOONEST[language])
+                picture(desktop, os.path.join(PICTURES, f"panel-six-due-{language}.png"))
+                since = time.monotonic()
+                panel.button(QUIT[language]).click()
+                self.expect_end(app, since)
+
+
+class Comings(Shell):
+    """How the window goes and comes back."""
+
+    def start_again(self, desktop, *arguments):
+        """A second start, which leaves everything to the first."""
+        second = desktop.start([PROGRAM, *arguments])
+        self.assertEqual(second.wait(MOST_SECONDS_TO_QUIT), 0)
+        self.assertEqual(second.log(), "")
+
+    def place(self, app, language):
+        """Where the window stands and what it shows of the list."""
+        window = MainWindow(app, language)
+        app.wait_window(TITLES[language])
+        rows = [(row.name, row.rect) for row in window.list.children
+                if row.role == "list item" and row.has("visible")]
+        return window.frame.rect, list(app.windows().values()), rows
+
+    def move(self, desktop, app, language, x, y, width, height):
+        number, = app.windows()
+        desktop.xdotool("windowsize", "--sync", number, width, height)
+        desktop.xdotool("windowmove", "--sync", number, x, y)
+        frame = app.wait_window(TITLES[language])
+        self.assertEqual(frame.rect[2:], (width, height))
+
+    def test_closed_comes_back_as_it_was(self):
+        for language in LOCALES:
+            with self.subTest(language), \
+                    session(language, lambda s: install(s, SAMPLE)) as desktop:
+                app, window = self.start(desktop, language)
+                self.move(desktop, app, language, 37, 61, 801, 523)
+                top = self.place(app, language)
+                window.list.scroll(2)
+                window.list._still()
+                before = self.place(app, language)
+                self.assertNotEqual(before[2], top[2], "it was scrolled")
+                desktop.close_window()
+                self.wait_unseen(app)
+                panel = self.open_panel(desktop, app)
+                panel.button(OPEN[language]).click()
+                panel.wait_closed()
+                self.assertEqual(self.place(app, language), before)
+
+                self.end(desktop, app, language)
+                app, window = self.start(desktop, language)
+                self.assertEqual(self.place(app, language)[:2], before[:2])
+                self.end(desktop, app, language)
+
+    def test_hidden_comes_back_at_every_call(self):
+        with session("en") as desktop:
+            app, _ = self.start(desktop, "en")
+            before = self.place(app, "en")
+            for hide in (lambda: desktop.key("ctrl+h"),
+                         lambda: self.choose_in_menu(app, "Tovarin", MENU_HIDE["en"]),
+                         desktop.close_window):
+                for call in (lambda: self.start_again(desktop),
+                             lambda: desktop.bus.call(
+                                 "app.tovarin.Tovarin", "/app/tovarin/Tovarin",
+                                 "org.freedesktop.Application", "Activate", "(a{sv})", {})):
+                    hide()
+                    self.wait_unseen(app)
+                    self.assertTrue(app.running())
+                    call()
+                    self.assertEqual(self.place(app, "en"), before)
+            # Also when it is in sight already, but not in front.
+            call()
+            self.assertEqual(self.place(app, "en"), before)
+            self.end(desktop, app, "en")
+
+    def test_two_starts_in_one_moment_are_one_program(self):
+        with session("en") as desktop:
+            both = [desktop.start([PROGRAM]) for _ in range(2)]
+            wait_for("one of them to end", lambda: [a for a in both if not a.running()], 15)
+            second, = [app for app in both if not app.running()]
+            app, = [app for app in both if app.running()]
+            self.assertEqual(second.wait(), 0)
+            self.assertEqual(second.log(), "")
+            MainWindow(app, "en")
+            self.end(desktop, app, "en")
+
+    def test_without_a_bus_a_second_start_says_why_it_ends(self):
+        with session("en", a11y=False, tray="none") as desktop:
+            command = ["env", "-u", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR=" + desktop.home,
+                       PROGRAM]
+            app = desktop.start(command)
+            wait_for("the window", lambda: desktop.active_window() == TITLES["en"], 15)
+            second = desktop.start(command)
+            self.assertEqual(second.wait(), 1)
+            self.assertEqual(second.log(), "Tovarin is already running, and without a session bus "
+                                           "it cannot be brought to the front.\n")
+            self.assertTrue(app.running())
+            since = time.monotonic()
+            desktop.key("ctrl+q")
+            self.expect_end(app, since)
+
+    def test_a_frame_on_a_screen_that_is_gone_comes_back_whole(self):
+        for saved, expected in (("5000 3000 800 500 normal", (480, 400, 800, 500)),
+                                ("-3000 100 800 500 normal", (0, 100, 800, 500)),
+                                ("4000 0 3000 2000 normal", (0, 30, 1280, 870))):
+            with self.subTest(saved), session("en", lambda s: configure(
+                    s, TovarinMainWindow__frame=saved)) as desktop:
+                app, window = self.start(desktop, "en")
+                self.assertEqual(window.frame.rect, expected)
+                self.end(desktop, app, "en")
+
+
+class Ends(Shell):
+    """Quitting, whatever is open."""
+
+    def test_by_the_menu(self):
+        for language in LOCALES:
+            with self.subTest(language), session(language) as desktop:
+                app, _ = self.start(desktop, language)
+                app.find("menu bar", "Tovarin").click()
+                item = app.find("menu item", MENU_QUIT[language])
+                since = time.monotonic()
+                desktop.click(*item.center())
+                self.expect_end(app, since)
+
+    def test_while_the_window_is_closed(self):
+        with session("en") as desktop:
+            app, _ = self.start(desktop, "en")
+            desktop.close_window()
+            panel = self.open_panel(desktop, app)
+            since = time.monotonic()
+            panel.button(QUIT["en"]).click()
+            self.expect_end(app, since)
+
+    def test_by_the_key_in_the_panel(self):
+        with session("en") as desktop:
+            app, _ = self.start(desktop, "en")
+            self.open_panel(desktop, app)
+            since = time.monotonic()
+            desktop.key("ctrl+q")
+            self.expect_end(app, since)
+
+    def test_while_the_file_dialog_is_open(self):
+        for language in LOCALES:
+            with self.subTest(language), session(language) as desktop:
+                app, window = self.start(desktop, language)
+                window.frame.find("push button", SCAN[language]).click()
+                app.find("dialog", CHOOSE[language])
+                panel = self.open_panel(desktop, app)
+                since = time.monotonic()
+                panel.button(QUIT[language]).click()
+                self.expect_end(app, since)
+
+    def test_while_bills_are_read(self):
+        with session("en") as desktop:
+            bills = []
+            for number in range(30):
+                bills.append(os.path.join(desktop.home, f"bill {number}.png"))
+                shutil.copyfile(os.path.join(BILLS, "clean/purchase-history-2x.png"), bills[-1])
+            app = desktop.start([PROGRAM, *bills])
+            window = MainWindow(app, "en")
+            app.wait_window(TITLES["en"])
+            window.frame.find("push button", re.compile("^Scanning [0-9]/30$"), timeout=20)
+            since = time.monotonic()
+            desktop.key("ctrl+q")
+            self.expect_end(app, since)
+            self.assertFalse(os.path.exists(data_file(desktop)))
+            wait_for("no process left", lambda: not self.scanners(desktop))
+
+    def scanners(self, desktop):
+        return [name for name in glob.glob("/proc/[0-9]*/cmdline")
+                if self.is_scanner(name, desktop)]
+
+    @staticmethod
+    def is_scanner(name, desktop):
+        try:
+            with open(name, "rb") as line, open(os.path.dirname(name) + "/environ", "rb") as own:
+                return b"tovarin-scanner" in line.read() and desktop.root.encode() in own.read()
+        except OSError:
+            return False
+
+
+class Trays(Shell):
+    def expect_panel(self, desktop, app):
+        panel = self.open_panel(desktop, app)
+        desktop.tray.wait().click()
+        panel.wait_closed()
+
+    def test_come_late_and_go(self):
+        with session("en", tray="none") as desktop:
+            app, _ = self.start(desktop, "en")
+            desktop.close_window()
+            self.wait_unseen(app)
+            second = desktop.start([PROGRAM])
+            self.assertEqual(second.wait(), 0)
+            app.wait_window(TITLES["en"])
+            desktop.tray = Tray(desktop)
+            for _ in range(2):
+                self.assertEqual(desktop.tray.wait().tooltip, TOOLTIPS["en"])
+                self.assertEqual(len(desktop.tray.items()), 1)
+                self.expect_panel(desktop, app)
+                desktop.tray.stop()
+                desktop.tray.start()
+            self.expect_panel(desktop, app)
+            self.end(desktop, app, "en")
+
+
+class Days(Shell):
+    def test_midnight_passes(self):
+        with session("en", lambda s: install_records(s, CHARGES),
+                     clock="2025-06-10 23:59:50") as desktop:
+            app, window = self.start(desktop, "en")
+            self.assertEqual(window.upcoming(), SIX_UPCOMING["en"])
+            wait_for("the next day", lambda: window.upcoming()[0] ==
+                     ["Second", "Charged today", "¥11"], 25)
+            self.assertEqual(window.upcoming(), [
+                ["Second", "Charged today", "¥11"], ["Third", "in 1 days", "$4.50"],
+                ["Fourth", "in 2 days", "¥13"], ["Fifth", "in 3 days", "¥14"],
+                ["Sixth", "in 6 days", "¥16"], ["Later", "in 7 days", "¥1000"]])
+            panel = self.open_panel(desktop, app)
+            self.assertEqual(panel.rows(), [
+                ["Second", "Today", "-¥11"], ["Third", "1d", "-$4.50"], ["Fourth", "2d", "-¥13"],
+                ["Fifth", "3d", "-¥14"]])
+            desktop.key("Escape")
+            panel.wait_closed()
+            self.end(desktop, app, "en")
+
+
+if __name__ == "__main__":
+    if len(sys.argv) < 3:
+        sys.exit(__doc__)
+    PROGRAM, PICTURES = map(os.path.abspath, sys.argv[1:3])
+    os.makedirs(PICTURES, exist_ok=True)
+    unittest.main(argv=[sys.argv[0], *sys.argv[3:]], verbosity=2)
