@@ -30,7 +30,7 @@ public:
     enum class Positions { told, hidden };
     static Positions positionsHere();
 
-    /// Gives the window its place. It must not have been shown yet, and its minimum size must be
+    /// Gives the window its place. It must not be visible, and its minimum size must be
     /// set. Show it with QWindow::setVisible(true): show() would undo that it is maximised.
     WindowFrame(QWindow &window, const QString &name, UserDefaults &defaults,
                 Positions positions = positionsHere());
