@@ -30,6 +30,13 @@ QStringView firstBlock(QStringView text) {
 QString catalogKey(QStringView name, qsizetype enough) {
     QString key;
     while (!name.isEmpty() && key.size() < enough) {
+        // Most characters are these, which need no table.
+        if (const char16_t first = name.front().unicode(); first < 0x80) {
+            name = name.sliced(1);
+            if (const QChar lower = QChar(first).toLower(); lower.isLetterOrNumber())
+                key += lower;
+            continue;
+        }
         const QStringView block = firstBlock(name);
         name = name.sliced(block.size());
         for (const char32_t character : block.toString().toLower().toUcs4()) {

@@ -20,7 +20,6 @@ QImage loaded(const QString &path) {
     if (path.isEmpty())
         return {};
     QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
     const QSize size = reader.size();
     if (qint64(size.width()) * size.height() > mostPixels)
         return {};

@@ -19,12 +19,4 @@ void registerBundledFonts(const Bundle &bundle) {
         QFont::insertSubstitution(family, u"Noto Sans CJK SC"_s);
 }
 
-QString poppinsName(QFont::Weight weight) {
-    if (weight >= QFont::Bold)
-        return u"Poppins-Bold"_s;
-    if (weight == QFont::DemiBold)
-        return u"Poppins-SemiBold"_s;
-    return weight == QFont::Medium ? u"Poppins-Medium"_s : u"Poppins-Regular"_s;
-}
-
 } // namespace tovarin::AppFonts

@@ -3,9 +3,6 @@
 
 #pragma once
 
-#include <QFont>
-#include <QString>
-
 namespace tovarin {
 
 class Bundle;
@@ -16,10 +13,6 @@ namespace AppFonts {
 /// Makes the font files in the folder "Fonts" of the resources known to this process, before the
 /// first window. A file that is no font is passed over; without the folder nothing happens.
 void registerBundledFonts(const Bundle &bundle);
-
-/// The name of the font that stands for a weight: "Poppins-Bold" for bold and heavier,
-/// "Poppins-SemiBold", "Poppins-Medium", and "Poppins-Regular" for any other.
-QString poppinsName(QFont::Weight weight);
 
 } // namespace AppFonts
 

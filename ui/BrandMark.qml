@@ -8,6 +8,8 @@ Item {
     id: root
 
     property real size: 32
+    // The mark is a tile with round corners already; more than its own can be asked for.
+    property real cornerRadius: 0
 
     implicitWidth: size
     implicitHeight: size
@@ -15,9 +17,9 @@ Item {
 
     Image {
         anchors.fill: parent
-        source: "qrc:/resources/BrandMark.png"
-        sourceSize.width: Math.ceil(root.size * Screen.devicePixelRatio)
-        sourceSize.height: Math.ceil(root.size * Screen.devicePixelRatio)
+        source: "image://mark/" + (100 * root.cornerRadius / root.size).toFixed(2)
+        sourceSize.width: Math.ceil(root.size)
+        sourceSize.height: Math.ceil(root.size)
         Accessible.ignored: true
     }
 }

@@ -3,7 +3,9 @@
 
 #include "ui/ImageProviders.h"
 
+#include "ui/BrandAssets.h"
 #include "ui/LogoProvider.h"
+#include "ui/MarkProvider.h"
 #include "ui/SymbolProvider.h"
 
 #include <QQmlEngine>
@@ -16,6 +18,7 @@ void addImageProviders(QQmlEngine &engine, const Bundle &bundle, const ServiceLo
     // The engine deletes them.
     engine.addImageProvider(u"symbol"_s, new SymbolProvider(bundle));
     engine.addImageProvider(u"logo"_s, new LogoProvider(logos));
+    engine.addImageProvider(u"mark"_s, new MarkProvider(BrandAssets(bundle)));
 }
 
 } // namespace tovarin

@@ -10,7 +10,7 @@ namespace tovarin {
 class Bundle;
 class ServiceLogo;
 
-/// Gives the engine what the screens draw: symbols and logos. `logos` must outlive it.
+/// Gives the engine what the screens draw: symbols, logos and the mark. `logos` must outlive it.
 void addImageProviders(QQmlEngine &engine, const Bundle &bundle, const ServiceLogo &logos);
 
 } // namespace tovarin

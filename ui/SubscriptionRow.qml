@@ -74,6 +74,7 @@ RowButton {
                 font.weight: Font.DemiBold
             }
             ThemeText {
+                Layout.maximumWidth: root.width / 2
                 Layout.alignment: Qt.AlignRight
                 visible: text !== ""
                 text: root.monthlyText

@@ -10,7 +10,8 @@ import sys
 CONTROLS = "ui/controls/"
 FORBIDDEN = [
     (re.compile(r"^\s*import\s+QtQuick\.(Controls|Templates)\b"), "imports Qt's controls"),
-    (re.compile(r"\b(TextInput|TextEdit|MouseArea)\s*\{"), "makes a control of its own"),
+    (re.compile(r"\b(TextInput|TextEdit|MouseArea|TapHandler)\s*\{"), "makes a control of its own"),
+    (re.compile(r"^\s*(background|indicator)\s*:"), "gives a control another look"),
 ]
 
 

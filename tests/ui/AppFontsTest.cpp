@@ -19,16 +19,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
 
-TEST(AppFontsTest, NamesTheFontOfAWeight) {
-    EXPECT_EQ(AppFonts::poppinsName(QFont::Black), u"Poppins-Bold"_s);
-    EXPECT_EQ(AppFonts::poppinsName(QFont::ExtraBold), u"Poppins-Bold"_s);
-    EXPECT_EQ(AppFonts::poppinsName(QFont::Bold), u"Poppins-Bold"_s);
-    EXPECT_EQ(AppFonts::poppinsName(QFont::DemiBold), u"Poppins-SemiBold"_s);
-    EXPECT_EQ(AppFonts::poppinsName(QFont::Medium), u"Poppins-Medium"_s);
-    for (const QFont::Weight weight : {QFont::Normal, QFont::Light, QFont::ExtraLight, QFont::Thin})
-        EXPECT_EQ(AppFonts::poppinsName(weight), u"Poppins-Regular"_s) << weight;
-}
-
 TEST(AppFontsTest, AreKnownToTheProgramWithoutBeingInstalled) {
     for (const QString &family : {u"Poppins"_s, u"Poppins Tabular"_s})
         EXPECT_TRUE(QFontDatabase::hasFamily(family)) << family.toStdString();

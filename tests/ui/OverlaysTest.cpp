@@ -15,12 +15,13 @@ namespace tovarin {
 
 namespace {
 
-const QString window = u"SoftButton { objectName: 'behind'; title: 'Behind' }"
-                       "TextField { objectName: 'field'; y: 50; label: 'Field' }"
-                       "Sheet { objectName: 'sheet'; label: 'Settings'; preferredWidth: 300;"
-                       " preferredHeight: 200;"
-                       "  SoftButton { objectName: 'first'; x: 20; y: 20; title: 'First' }"
-                       "  SoftButton { objectName: 'second'; x: 20; y: 80; title: 'Second' } }"_s;
+const QString window =
+    u"SoftButton { objectName: 'behind'; title: 'Behind' }"
+    "TextField { objectName: 'field'; y: 50; label: 'Field' }"
+    "Sheet { objectName: 'sheet'; label: 'Settings'; preferredWidth: 300;"
+    " preferredHeight: 200;"
+    "  SoftButton { objectName: 'first'; focus: true; x: 20; y: 20; title: 'First' }"
+    "  SoftButton { objectName: 'second'; x: 20; y: 80; title: 'Second' } }"_s;
 
 class SheetTest : public testing::Test {
 protected:
@@ -44,6 +45,8 @@ TEST_F(SheetTest, KeepsTheKeyboardInside) {
     stage.press(Qt::Key_Tab);
     ASSERT_EQ(stage.focused(), u"field"_s);
     open();
+    // Without a key: what is typed goes into the sheet.
+    EXPECT_EQ(stage.focused(), u"first"_s);
     QStringList visited;
     for (int i = 0; i < 6; ++i) {
         stage.press(Qt::Key_Tab);
@@ -67,8 +70,14 @@ TEST_F(SheetTest, PutsTheRestOutOfReach) {
     stage.click(stage.item("behind"));
     EXPECT_EQ(behind.size(), 0);
     EXPECT_TRUE(sheet.property("visible").toBool());
+    Stage::pressByScreenReader(stage.item("behind"));
+    EXPECT_EQ(behind.size(), 0);
     stage.click(stage.item("first"));
     EXPECT_EQ(first.size(), 1);
+    stage.press(Qt::Key_Escape);
+    ASSERT_TRUE(isClosed());
+    stage.click(stage.item("behind"));
+    EXPECT_EQ(behind.size(), 1);
 }
 
 TEST_F(SheetTest, IsADialogToAScreenReaderWhileItIsOpen) {
@@ -87,6 +96,41 @@ TEST_F(SheetTest, IsNoLargerThanTheWindow) {
     stage.settle();
     EXPECT_EQ(sheet.property("width"), 200 - 32);
     EXPECT_EQ(sheet.property("height"), 120 - 32);
+}
+
+TEST(MenuTest, IsUsedByTheKeyboardAndByAScreenReader) {
+    Stage stage(u"Menu { objectName: 'menu'; title: 'Things';"
+                "  property int first: 0; property int second: 0;"
+                "  MenuItem { objectName: 'first'; text: 'First'; onTriggered: menu.first++ }"
+                "  MenuItem { text: 'Off'; enabled: false }"
+                "  MenuItem { objectName: 'second'; text: 'Second'; onTriggered: menu.second++ }"
+                "  id: menu }"_s);
+    QObject &menu = stage.object("menu");
+    const auto open = [&] {
+        QMetaObject::invokeMethod(&menu, "open");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return menu.property("opened").toBool(); }));
+        stage.settle();
+    };
+    open();
+    auto &list = *menu.property("contentItem").value<QQuickItem *>();
+    EXPECT_EQ(Stage::accessible(list)->role(), QAccessible::PopupMenu);
+    EXPECT_EQ(Stage::accessible(list)->text(QAccessible::Name), u"Things"_s);
+    const QImage before = stage.settle();
+    stage.press(Qt::Key_Down);
+    const QImage highlighted = stage.settle();
+    EXPECT_NE(highlighted, before);
+    stage.press(Qt::Key_Down);
+    EXPECT_NE(stage.settle(), highlighted);
+    stage.press(Qt::Key_Return);
+    EXPECT_EQ(menu.property("first"), 0);
+    EXPECT_EQ(menu.property("second"), 1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !menu.property("visible").toBool(); }));
+
+    open();
+    EXPECT_EQ(Stage::accessible(stage.item("first"))->text(QAccessible::Name), u"First"_s);
+    ASSERT_TRUE(Stage::pressByScreenReader(stage.item("first")));
+    EXPECT_EQ(menu.property("first"), 1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !menu.property("visible").toBool(); }));
 }
 
 TEST(ScrollBarTest, IsThereOnlyWhereThereIsMore) {

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Tovarin developers
 // SPDX-License-Identifier: MIT
 
+#include "ui/Theme.h"
+
 #include "tests/support/Printing.h"
 #include "tests/ui/Stage.h"
 
@@ -11,6 +13,16 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
+
+TEST(Theme, NamesTheFontOfAWeight) {
+    EXPECT_EQ(Theme::poppinsName(QFont::Black), u"Poppins-Bold"_s);
+    EXPECT_EQ(Theme::poppinsName(QFont::ExtraBold), u"Poppins-Bold"_s);
+    EXPECT_EQ(Theme::poppinsName(QFont::Bold), u"Poppins-Bold"_s);
+    EXPECT_EQ(Theme::poppinsName(QFont::DemiBold), u"Poppins-SemiBold"_s);
+    EXPECT_EQ(Theme::poppinsName(QFont::Medium), u"Poppins-Medium"_s);
+    for (const QFont::Weight weight : {QFont::Normal, QFont::Light, QFont::ExtraLight, QFont::Thin})
+        EXPECT_EQ(Theme::poppinsName(weight), u"Poppins-Regular"_s) << weight;
+}
 
 TEST(Theme, HasItsColours) {
     struct {

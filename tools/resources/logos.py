@@ -16,7 +16,6 @@ SIMPLE = [
     (["apple-tv", "apple-tv-cn"], "appletv", DARK, WHITE),
     (["bilibili"], "bilibili", None, WHITE),
     (["claude"], "claude", None, WHITE),
-    (["copilot"], "githubcopilot", DARK, WHITE),
     (["cursor", "cursor-cn"], "cursor", DARK, WHITE),
     (["dropbox"], "dropbox", None, WHITE),
     (["figma"], "figma", DARK, WHITE),
@@ -32,12 +31,17 @@ SIMPLE = [
     (["youtube"], "youtube", WHITE, "#FF0000"),
     (["zhihu"], "zhihu", None, WHITE),
 ]
-# The same with the glyphs of the set "SVG Logos", which have colours of their own.
+# The same with the glyphs of the set "SVG Logos", which mostly have colours of their own.
 COLOURED = [
-    (["adobe"], "adobe-icon", WHITE),
-    (["chatgpt", "chatgpt-cn"], "openai-icon", WHITE),
-    (["google-one"], "google-one", WHITE),
-    (["m365", "m365-cn"], "microsoft-icon", WHITE),
+    (["adobe"], "adobe-icon", WHITE, "#000000"),
+    (["chatgpt", "chatgpt-cn"], "openai-icon", WHITE, "#000000"),
+    (["copilot"], "github-copilot", DARK, WHITE),
+    (["google-one"], "google-one", WHITE, "#000000"),
+    (["m365", "m365-cn"], "microsoft-icon", WHITE, "#000000"),
+]
+# And with those of Tabler Icons, which are drawn in lines.
+LINED = [
+    (["disney"], "brand-disney", "#113CCF", WHITE),
 ]
 
 
@@ -66,10 +70,15 @@ def tiles(packages):
         glyph = re.search(r"<path.*(?=</svg>)", read(packages, "simple-icons", "icons", name + ".svg"))[0]
         yield ids, tile(colour or brands[name], glyph, 24, 24, ink)
     logos = json.loads(read(packages, "logos", "icons.json"))
-    for ids, name, colour in COLOURED:
+    for ids, name, colour, ink in COLOURED:
         icon = logos["icons"][name]
         size = [icon.get(side, logos.get(side)) for side in ("width", "height")]
-        yield ids, tile(colour, icon["body"], *size, "#000000")
+        yield ids, tile(colour, icon["body"], *size, ink)
+    for ids, name, colour, ink in LINED:
+        lines = re.search(r"<path.*(?=</svg>)", read(packages, "tabler", "icons", "outline", name + ".svg"),
+                          re.DOTALL)[0]
+        yield ids, tile(colour, f'<g fill="none" stroke="{ink}" stroke-width="1.8" stroke-linecap="round" '
+                                f'stroke-linejoin="round">{lines}</g>', 24, 24, "none")
 
 
 def png(svg, path, side):

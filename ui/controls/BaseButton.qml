@@ -12,7 +12,7 @@ T.AbstractButton {
     required property string title
 
     focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
+    hoverEnabled: enabled
     opacity: enabled ? 1 : 0.45
 
     Accessible.role: Accessible.Button

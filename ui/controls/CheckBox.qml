@@ -16,7 +16,7 @@ T.CheckBox {
     implicitHeight: 28
     spacing: 4
     focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
+    hoverEnabled: enabled
     opacity: enabled ? 1 : 0.45
 
     Accessible.name: label

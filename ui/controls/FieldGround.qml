@@ -8,9 +8,10 @@ import Tovarin
 Rectangle {
     required property bool hovered
     required property bool focused
+    property bool pressed: false
 
     radius: 10
-    color: Qt.rgba(1, 1, 1, hovered || focused ? 0.08 : 0.05)
+    color: Qt.rgba(1, 1, 1, pressed ? 0.13 : hovered || focused ? 0.08 : 0.05)
     border.width: focused ? 2 : 1
     border.color: focused ? Theme.accent : hovered ? Theme.lineStrong : Theme.hairline
 }

@@ -22,7 +22,7 @@ T.MenuBar {
         rightPadding: 10
         font.family: Theme.fontFamily
         font.pixelSize: 13
-        hoverEnabled: true
+        hoverEnabled: enabled
 
         Accessible.name: text
         Accessible.onPressAction: {

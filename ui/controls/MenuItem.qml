@@ -14,7 +14,7 @@ T.MenuItem {
     implicitHeight: 30
     leftPadding: 10
     rightPadding: 10
-    hoverEnabled: true
+    hoverEnabled: enabled
     opacity: enabled ? 1 : 0.4
 
     Accessible.name: text
@@ -22,8 +22,6 @@ T.MenuItem {
         if (enabled)
             trigger();
     }
-    Keys.onReturnPressed: trigger()
-    Keys.onEnterPressed: trigger()
 
     function trigger() {
         if (action)
@@ -34,8 +32,8 @@ T.MenuItem {
 
     background: Rectangle {
         radius: 6
-        color: Theme.accent
-        visible: root.highlighted
+        color: root.down ? Qt.darker(Theme.accent, 1.2) : Theme.accent
+        visible: root.highlighted || root.down
     }
     contentItem: RowLayout {
         spacing: 28

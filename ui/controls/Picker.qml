@@ -20,7 +20,7 @@ T.ComboBox {
     leftPadding: 12
     rightPadding: 32
     focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
+    hoverEnabled: enabled
     opacity: enabled ? 1 : 0.45
     font.family: Theme.fontFamily
     font.pixelSize: 14
@@ -54,7 +54,8 @@ T.ComboBox {
     }
 
     background: FieldGround {
-        hovered: root.hovered || root.down
+        hovered: root.hovered
+        pressed: root.down
         focused: root.visualFocus || root.popup.visible
     }
     contentItem: ThemeText {
@@ -81,7 +82,7 @@ T.ComboBox {
         implicitHeight: 32
         leftPadding: 10
         rightPadding: 10
-        hoverEnabled: true
+        hoverEnabled: enabled
         highlighted: root.highlightedIndex === index
 
         Accessible.role: Accessible.ListItem
@@ -90,8 +91,8 @@ T.ComboBox {
 
         background: Rectangle {
             radius: 6
-            color: Theme.accent
-            visible: line.highlighted
+            color: line.down ? Qt.darker(Theme.accent, 1.2) : Theme.accent
+            visible: line.highlighted || line.down
         }
         contentItem: RowLayout {
             spacing: 8

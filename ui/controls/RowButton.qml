@@ -19,7 +19,7 @@ T.ItemDelegate {
     leftPadding: Theme.pageMargin
     rightPadding: Theme.pageMargin
     focusPolicy: pressable ? Qt.StrongFocus : Qt.NoFocus
-    hoverEnabled: pressable
+    hoverEnabled: pressable && enabled
 
     Accessible.name: name
     Accessible.onPressAction: {

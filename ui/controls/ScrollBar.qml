@@ -14,7 +14,7 @@ T.ScrollBar {
     padding: 3
     minimumSize: orientation === Qt.Vertical ? Math.min(1, 36 / Math.max(1, height))
                                              : Math.min(1, 36 / Math.max(1, width))
-    hoverEnabled: true
+    hoverEnabled: enabled
     visible: size < 1
 
     contentItem: Rectangle {

@@ -84,7 +84,7 @@ FocusScope {
                 rightPadding: 4
                 width: row.width / Math.max(1, segments.count)
                 height: row.height
-                hoverEnabled: true
+                hoverEnabled: enabled
                 // The one that keeps the keyboard may not be passed by, says Qt.
                 focusPolicy: activeFocus || index === Math.max(0, root.currentIndex)
                              ? Qt.StrongFocus : Qt.ClickFocus
@@ -109,7 +109,10 @@ FocusScope {
 
                 background: Rectangle {
                     radius: 7
-                    color: segment.chosen ? Theme.accent
+                    color: segment.chosen ? (segment.down ? Qt.darker(Theme.accent, 1.2)
+                                                          : segment.hovered
+                                                            ? Qt.lighter(Theme.accent, 1.06)
+                                                            : Theme.accent)
                                           : Qt.rgba(1, 1, 1, segment.down ? 0.14
                                                                           : segment.hovered ? 0.07 : 0)
 

@@ -17,6 +17,8 @@ T.Popup {
 
     // Where the keyboard was.
     property Item before: null
+    // What of the window is out of reach meanwhile, for a screen reader too.
+    property var behind: []
 
     parent: T.Overlay.overlay
     x: parent ? Math.round((parent.width - width) / 2) : 0
@@ -27,8 +29,19 @@ T.Popup {
     focus: true
     closePolicy: T.Popup.CloseOnEscape
 
-    onAboutToShow: before = parent.Window.activeFocusItem
+    onAboutToShow: {
+        before = parent.Window.activeFocusItem;
+        const items = parent.Window.contentItem.children;
+        behind = [];
+        for (let i = 0; i < items.length; ++i) {
+            if (items[i] !== parent && items[i].enabled)
+                behind.push(items[i]);
+        }
+        behind.forEach(item => item.enabled = false);
+    }
     onClosed: {
+        behind.forEach(item => item.enabled = true);
+        behind = [];
         if (before)
             before.forceActiveFocus(Qt.PopupFocusReason);
         before = null;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 import QtQuick
+import QtQuick.Layouts
 import Tovarin
 
 // The button of this program: a rounded rectangle, filled with the accent when it is the prominent
@@ -16,7 +17,8 @@ BaseButton {
                                                                           : Theme.text
 
     implicitWidth: implicitContentWidth + 36
-    leftPadding: (width - implicitContentWidth) / 2
+    leftPadding: Math.max(10, (width - implicitContentWidth) / 2)
+    rightPadding: leftPadding
     implicitHeight: 40
 
     background: Rectangle {
@@ -33,17 +35,16 @@ BaseButton {
             around: parent.radius
         }
     }
-    contentItem: Row {
+    contentItem: RowLayout {
         spacing: 6
 
         Symbol {
-            anchors.verticalCenter: parent.verticalCenter
             visible: root.icon.name !== ""
             name: root.icon.name
             color: root.ink
         }
         ThemeText {
-            anchors.verticalCenter: parent.verticalCenter
+            Layout.fillWidth: true
             text: root.title
             color: root.ink
             font.pixelSize: 14

@@ -16,7 +16,7 @@ T.Switch {
     implicitHeight: 28
     spacing: 10
     focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
+    hoverEnabled: enabled
     opacity: enabled ? 1 : 0.45
 
     Accessible.name: label
@@ -43,8 +43,10 @@ T.Switch {
         width: 40
         height: 24
         radius: 12
-        color: root.checked ? (root.hovered ? Qt.lighter(Theme.accent, 1.06) : Theme.accent)
-                            : Qt.rgba(1, 1, 1, root.hovered ? 0.2 : 0.14)
+        color: root.checked ? (root.down ? Qt.darker(Theme.accent, 1.2)
+                                         : root.hovered ? Qt.lighter(Theme.accent, 1.06)
+                                                        : Theme.accent)
+                            : Qt.rgba(1, 1, 1, root.down ? 0.26 : root.hovered ? 0.2 : 0.14)
 
         FocusRing {
             shown: root.visualFocus

@@ -44,7 +44,7 @@ FocusScope {
             topPadding: 7
             bottomPadding: 7
             focus: true
-            hoverEnabled: true
+            hoverEnabled: enabled
             wrapMode: TextEdit.Wrap
             textFormat: TextEdit.PlainText
             selectByMouse: true

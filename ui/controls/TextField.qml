@@ -19,7 +19,7 @@ T.TextField {
     leftPadding: 12
     rightPadding: 12
     verticalAlignment: TextInput.AlignVCenter
-    hoverEnabled: true
+    hoverEnabled: enabled
     opacity: enabled ? 1 : 0.45
     color: Theme.text
     placeholderTextColor: Theme.textSecondary

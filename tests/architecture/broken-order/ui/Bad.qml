@@ -3,4 +3,7 @@ import QtQuick.Controls.Basic
 
 Item {
     MouseArea {}
+    SoftButton {
+        background: null
+    }
 }
