@@ -24,6 +24,8 @@ BENCHMARK_CAPTURE(look, last, u"NordVPN"_s);
 BENCHMARK_CAPTURE(look, unknown, u"Zoom Workplace Pro"_s);
 BENCHMARK_CAPTURE(look, longName, QString(5000, u'z'));
 BENCHMARK_CAPTURE(look, muchPunctuation, QString(1000, u'-') + u"NordVPN"_s);
+BENCHMARK_CAPTURE(look, muchMorePunctuation, QString(10'000, u'-') + u"NordVPN"_s);
+BENCHMARK_CAPTURE(look, muchChinesePunctuation, QString(1000, u'、') + u"NordVPN"_s);
 
 } // namespace
 

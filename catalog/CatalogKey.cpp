@@ -3,46 +3,34 @@
 
 #include "catalog/CatalogKey.h"
 
-#include <QList>
-
-#include <algorithm>
-
 namespace tovarin {
 
 namespace {
 
-constexpr qsizetype blockSize = 64;
-
 bool isAlphanumeric(char32_t character) {
+    // Most characters are these, which need no table.
+    if (character < 0x80)
+        return (character >= U'a' && character <= U'z') ||
+               (character >= U'A' && character <= U'Z') || (character >= U'0' && character <= U'9');
     return QChar::isLetterOrNumber(character) || QChar::isMark(character);
-}
-
-/// The beginning of the text, without cutting a pair of surrogates.
-QStringView firstBlock(QStringView text) {
-    const qsizetype size = std::min(blockSize, text.size());
-    const bool cutsPair =
-        size < text.size() && text[size - 1].isHighSurrogate() && text[size].isLowSurrogate();
-    return text.first(cutsPair ? size - 1 : size);
 }
 
 } // namespace
 
 QString catalogKey(QStringView name, qsizetype enough) {
     QString key;
-    while (!name.isEmpty() && key.size() < enough) {
-        // Most characters are these, which need no table.
-        if (const char16_t first = name.front().unicode(); first < 0x80) {
-            name = name.sliced(1);
-            if (const QChar lower = QChar(first).toLower(); lower.isLetterOrNumber())
-                key += lower;
-            continue;
+    for (qsizetype i = 0; i < name.size() && key.size() < enough; ++i) {
+        char32_t character = name[i].unicode();
+        if (name[i].isHighSurrogate() && i + 1 < name.size() && name[i + 1].isLowSurrogate())
+            character = QChar::surrogateToUcs4(name[i], name[i + 1]);
+        if (isAlphanumeric(character)) {
+            // Some have more than one character for a lower case.
+            if (character < 0x80)
+                key += QChar(character).toLower();
+            else
+                key += QString::fromUcs4(&character, 1).toLower();
         }
-        const QStringView block = firstBlock(name);
-        name = name.sliced(block.size());
-        for (const char32_t character : block.toString().toLower().toUcs4()) {
-            if (isAlphanumeric(character))
-                key += QChar::fromUcs4(character);
-        }
+        i += character > 0xFFFF ? 1 : 0;
     }
     return key;
 }

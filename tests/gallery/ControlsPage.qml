@@ -52,7 +52,7 @@ Rectangle {
         }
         Entry {
             title: "IconButton"
-            openHeight: 80
+            openHeight: 96
 
             IconButton {
                 icon.name: "gearshape.fill"
@@ -152,6 +152,52 @@ Rectangle {
                 label: root.isZh ? "添加" : "Include"
                 text: label
                 checked: true
+            }
+        }
+        Entry {
+            title: "Menu"
+            openHeight: 170
+
+            SoftButton {
+                id: opener
+
+                title: root.isZh ? "菜单" : "Menu"
+                onClicked: menu.popup(opener, 0, height + 4)
+
+                Menu {
+                    id: menu
+
+                    Action {
+                        text: root.isZh ? "隐藏 Tovarin" : "Hide Tovarin"
+                        shortcut: "Ctrl+H"
+                    }
+                    MenuSeparator {}
+                    Action {
+                        text: root.isZh ? "剪切" : "Cut"
+                        enabled: false
+                    }
+                    Action {
+                        text: root.isZh ? "退出 Tovarin" : "Quit Tovarin"
+                        shortcut: "Ctrl+Q"
+                    }
+                }
+            }
+        }
+        Entry {
+            title: "SubscriptionRow"
+
+            SubscriptionRow {
+                implicitWidth: 400
+                index: 0
+                pressable: true
+                name: "Netflix"
+                tag: ""
+                subtitle: root.isZh ? "影音 · 每月 · 2025/07/06 扣费" : "Video · Monthly · Charges 2025/07/06"
+                amountText: "-$15.49"
+                monthlyText: root.isZh ? "≈¥111.53/月" : "≈$15.49/mo"
+                isActive: true
+                logoID: "netflix"
+                avatarLetter: "N"
             }
         }
         Entry {

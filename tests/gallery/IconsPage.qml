@@ -39,6 +39,43 @@ Rectangle {
                 }
             }
         }
+        Row {
+            spacing: 0
+
+            Repeater {
+                model: ["#FFFFFF", "#EFF0F1", "#2A2E32", "#000000"]
+
+                Rectangle {
+                    id: panel
+
+                    required property color modelData
+
+                    width: 120
+                    height: 32
+                    color: modelData
+
+                    Row {
+                        anchors.centerIn: parent
+                        spacing: 12
+
+                        Repeater {
+                            model: [16, 18, 22, 24]
+
+                            Image {
+                                required property int modelData
+
+                                anchors.verticalCenter: parent ? parent.verticalCenter : undefined
+                                width: modelData
+                                height: modelData
+                                sourceSize.width: modelData
+                                sourceSize.height: modelData
+                                source: "qrc:/resources/Brand/PanelMark.svg"
+                            }
+                        }
+                    }
+                }
+            }
+        }
         Flow {
             width: parent.width
             spacing: 12

@@ -96,7 +96,7 @@ private:
         case State::Open:
             if (m_control.inherits("QQuickTextField")) {
                 QTest::mouseClick(&m_window, Qt::RightButton, {}, middle());
-            } else if (m_control.inherits("QQuickComboBox")) {
+            } else if (m_openHeight > 96) {
                 QTest::mouseClick(&m_window, Qt::LeftButton, {}, middle());
             } else {
                 QTest::mouseMove(&m_window, middle());
@@ -108,11 +108,13 @@ private:
     void leave(State state) {
         if (state == State::Pressed)
             QTest::mouseRelease(&m_window, Qt::LeftButton, {}, middle());
-        if (state == State::Open)
+        // A press may have opened what it opens, too.
+        if (state == State::Open || (state == State::Pressed && m_openHeight > 0))
             QTest::keyClick(&m_window, Qt::Key_Escape);
         QTest::mouseMove(&m_window, nowhere);
         m_control.setEnabled(true);
-        if (QQuickItem *const focused = m_window.activeFocusItem())
+        QQuickItem *const focused = m_window.activeFocusItem();
+        if (focused && focused != m_window.contentItem())
             focused->setFocus(false);
         for (const char *const name : kept)
             m_control.setProperty(name, m_before[name]);
@@ -120,7 +122,7 @@ private:
     }
 
     /// What a press changes, and is put back after it.
-    static constexpr std::array kept{"checked", "currentIndex", "cursorPosition"};
+    static constexpr std::array kept{"checked", "currentIndex", "cursorPosition", "position"};
 
     QQuickWindow &m_window;
     QQuickItem &m_control;

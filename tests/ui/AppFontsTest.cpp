@@ -27,6 +27,11 @@ TEST(AppFontsTest, AreKnownToTheProgramWithoutBeingInstalled) {
         EXPECT_EQ(QFontInfo(QFont(u"Poppins"_s, 15, weight)).weight(), weight);
 }
 
+TEST(AppFontsTest, LeaveWhatTheyLackToNotoSans) {
+    for (const QString &family : {u"Poppins"_s, u"Poppins Tabular"_s})
+        EXPECT_EQ(QFont::substitutes(family), QStringList{u"noto sans cjk sc"_s});
+}
+
 TEST(AppFontsTest, HaveDigitsOfOneWidthForAmounts) {
     for (const QFont::Weight weight : {QFont::DemiBold, QFont::Bold}) {
         const QFontMetricsF tabular(QFont(u"Poppins Tabular"_s, 40, weight));

@@ -62,6 +62,13 @@ TEST(BrandAssets, AreSeenOnEveryPanel) {
     }
 }
 
+TEST(BrandAssets, ComeInTheSizesOfPanels) {
+    QList<int> widths;
+    for (const QSize size : BrandAssets(Bundle(u":/resources"_s)).panelIcon().availableSizes())
+        widths.append(size.width());
+    EXPECT_EQ(widths, (QList<int>{16, 18, 22, 24, 32, 36, 44, 48, 64}));
+}
+
 TEST_F(BrandFolder, FallsBackToTheMark) {
     EXPECT_TRUE(assets.markImage().isNull());
     EXPECT_TRUE(assets.panelIcon().isNull());

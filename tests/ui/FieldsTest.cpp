@@ -130,6 +130,36 @@ TEST_P(EditMenu, OffersOnlyWhatCanBeDone) {
     EXPECT_EQ(stage.focused(), u"field"_s);
 }
 
+TEST_P(EditMenu, ChangesNothingThatIsForReading) {
+    Stage stage(
+        u"TextField { objectName: 'field'; label: 'Name'; text: 'fixed'; readOnly: true }"_s);
+    QGuiApplication::clipboard()->setText(u"other"_s);
+    stage.press(Qt::Key_Tab);
+    stage.press(Qt::Key_A, Qt::ControlModifier);
+    stage.press(Qt::Key_Menu);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return menuItem(stage, pair(u"剪切"_s, u"Cut"_s)); }));
+    EXPECT_FALSE(menuItem(stage, pair(u"剪切"_s, u"Cut"_s))->isEnabled());
+    EXPECT_TRUE(menuItem(stage, pair(u"拷贝"_s, u"Copy"_s))->isEnabled());
+    EXPECT_FALSE(menuItem(stage, pair(u"粘贴"_s, u"Paste"_s))->isEnabled());
+    stage.press(Qt::Key_Escape);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !menuItem(stage, pair(u"剪切"_s, u"Cut"_s)); }));
+    EXPECT_FALSE(stage.value("field", "persistentSelection").toBool());
+}
+
+TEST_P(EditMenu, BelongsToTextAreasToo) {
+    Stage stage(area);
+    stage.press(Qt::Key_Tab);
+    EXPECT_EQ(Stage::accessible(*stage.window().activeFocusItem())->text(QAccessible::Description),
+              u"Optional"_s);
+    stage.type(u"note"_s);
+    stage.press(Qt::Key_Menu);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return menuItem(stage, pair(u"全选"_s, u"Select All"_s)); }));
+    stage.settle();
+    stage.click(*menuItem(stage, pair(u"全选"_s, u"Select All"_s)));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return stage.focused() == u"area"_s; }));
+    EXPECT_EQ(stage.window().activeFocusItem()->property("selectedText"), u"note"_s);
+}
+
 INSTANTIATE_TEST_SUITE_P(, EditMenu, testing::Values(Lang::en, Lang::zh),
                          [](const testing::TestParamInfo<Lang> &language) {
                              return language.param == Lang::zh ? "Chinese" : "English";
@@ -201,6 +231,17 @@ TEST(NumberField, LeavesTheNumberWhereTheTextIsDeleted) {
     EXPECT_TRUE(stage.texts().contains(u"0"_s));
     stage.click(stage.item("field"));
     EXPECT_EQ(stage.value("number", "text"), u"9.99"_s);
+}
+
+TEST(NumberField, StartsAnewAfterReturn) {
+    Stage stage(number);
+    stage.click(stage.item("number"));
+    stage.press(Qt::Key_A, Qt::ControlModifier);
+    stage.type(u"12"_s);
+    stage.press(Qt::Key_Return);
+    stage.type(u"x"_s);
+    EXPECT_EQ(stage.value("number", "value"), 12);
+    EXPECT_EQ(stage.value("number", "horizontalAlignment").toInt(), int(Qt::AlignRight));
 }
 
 TEST(NumberField, FollowsTheNumber) {

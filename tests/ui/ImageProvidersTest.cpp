@@ -90,6 +90,8 @@ TEST(LogoProviderTest, RoundsTheCornersOfALogo) {
     EXPECT_EQ(provider.requestImage(u"youtube/0"_s, nullptr, {80, 80}).pixelColor(0, 0),
               QColor(Qt::white));
     EXPECT_EQ(provider.requestImage(u"youtube/25"_s, nullptr, {}).size(), QSize(192, 192));
+    EXPECT_EQ(provider.requestImage(u"youtube/25"_s, nullptr, {100'000, 100'000}).size(),
+              QSize(1024, 1024));
 }
 
 TEST(LogoProviderTest, FitsALogoThatIsNotSquare) {

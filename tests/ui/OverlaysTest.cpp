@@ -133,6 +133,13 @@ TEST(MenuTest, IsUsedByTheKeyboardAndByAScreenReader) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !menu.property("visible").toBool(); }));
 }
 
+TEST(ScrollBarTest, CanBeTakenHoldOfHoweverMuchThereIs) {
+    Stage stage(u"Flickable { width: 100; height: 200; contentHeight: 1e6;"
+                " ScrollBar.vertical: ScrollBar { objectName: 'bar' } }"_s);
+    const auto *const handle = stage.value("bar", "contentItem").value<QQuickItem *>();
+    EXPECT_GE(handle->height(), 30);
+}
+
 TEST(ScrollBarTest, IsThereOnlyWhereThereIsMore) {
     Stage stage(u"Flickable { width: 100; height: 100; contentHeight: 50;"
                 " ScrollBar.vertical: ScrollBar { objectName: 'idle' } }"

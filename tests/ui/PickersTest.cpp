@@ -92,6 +92,31 @@ TEST(Picker, ChoosesByAScreenReader) {
     EXPECT_EQ(seen->text(QAccessible::Description), u"Yearly"_s);
 }
 
+TEST(Picker, IsNotOpenedWhileDisabled) {
+    Stage stage(picker);
+    stage.item("picker").setEnabled(false);
+    Stage::pressByScreenReader(stage.item("picker"));
+    stage.click(stage.item("picker"));
+    EXPECT_FALSE(choice(stage, u"Weekly"_s));
+}
+
+TEST(Picker, TicksWhatIsChosen) {
+    Stage stage(picker);
+    stage.press(Qt::Key_Tab);
+    stage.press(Qt::Key_Space);
+    for (const QString &text : {u"Weekly"_s, u"Monthly"_s}) {
+        double opacity = -1;
+        QList<QQuickItem *> waiting{choice(stage, text)};
+        while (!waiting.isEmpty()) {
+            const QQuickItem *const item = waiting.takeFirst();
+            if (item->property("name") == u"checkmark"_s)
+                opacity = item->opacity();
+            waiting.append(item->childItems());
+        }
+        EXPECT_EQ(opacity, text == u"Monthly"_s ? 1 : 0) << text.toStdString();
+    }
+}
+
 TEST(Picker, LeavesTheWheelToWhatScrolls) {
     Stage stage(picker);
     const QPointF middle = stage.middleOf(stage.item("picker"));
@@ -141,6 +166,15 @@ TEST(SegmentedPicker, ChoosesByTheMouse) {
     EXPECT_TRUE(Stage::accessible(*choice(stage, u"2d"_s))->state().checked);
     EXPECT_FALSE(Stage::accessible(*choice(stage, u"1d"_s))->state().checked);
     EXPECT_EQ(activated.size(), 1);
+}
+
+TEST(SegmentedPicker, LeavesTheChoiceToWhoListens) {
+    Stage stage(u"SegmentedPicker { objectName: 'segments'; label: 'Days'; labels: ['a', 'b'];"
+                " currentIndex: 0 }"_s);
+    stage.click(*choice(stage, u"b"_s));
+    EXPECT_EQ(stage.value("segments", "currentIndex"), 0);
+    EXPECT_TRUE(Stage::accessible(*choice(stage, u"a"_s))->state().checked);
+    EXPECT_FALSE(Stage::accessible(*choice(stage, u"b"_s))->state().checked);
 }
 
 TEST(SegmentedPicker, ChoosesByTheArrows) {
