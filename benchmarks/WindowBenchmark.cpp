@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Tovarin developers
 // SPDX-License-Identifier: MIT
 
-// What a frame costs while the main window's list is scrolled, drawn without a graphics card.
+// What the main window costs the processor, drawn without a graphics card: a frame while its list
+// is scrolled, another language, a change of the list.
 
 #include "app/LocalizationManager.h"
 #include "model/Store.h"
@@ -83,6 +84,7 @@ public:
     }
 
     void scrollTo(qreal y) { m_list->setProperty("contentY", y); }
+    Store &store() { return m_store; }
     qreal end() const { return m_list->property("contentHeight").toReal() - m_list->height(); }
 
 private:
@@ -118,6 +120,30 @@ void scroll(benchmark::State &state) {
 }
 
 BENCHMARK(scroll)->ArgsProduct({{100, 10'000}, {12, 60, 700}})->Unit(benchmark::kMillisecond);
+
+/// The whole window in the other language, with its next frame.
+void switchLanguage(benchmark::State &state) {
+    Screen screen(static_cast<int>(state.range(0)));
+    LocalizationManager &loc = LocalizationManager::shared();
+    for (auto _ : state) {
+        loc.setLang(loc.isZh() ? LocalizationManager::Lang::en : LocalizationManager::Lang::zh);
+        screen.frame();
+    }
+}
+
+/// One entry of the list is another, with the next frame; nothing is written to the disk.
+void changeList(benchmark::State &state) {
+    Screen screen(static_cast<int>(state.range(0)));
+    QList<Subscription> subs = screen.store().subscriptions();
+    for (auto _ : state) {
+        subs.first().amount += 1;
+        screen.store().setSubscriptions(subs);
+        screen.frame();
+    }
+}
+
+BENCHMARK(switchLanguage)->Arg(8)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(changeList)->Arg(8)->Arg(10'000)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
