@@ -17,16 +17,31 @@
 #include <QQuickView>
 #include <QQuickWindow>
 #include <QScreen>
+#include <QTimer>
+
+#include <chrono>
 
 using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace tovarin {
 
 namespace {
 
-/// The press that takes the keyboard from the panel may be the one on its own item, which is meant
-/// to close it and not to open it anew. In milliseconds.
-constexpr qint64 sameClick = 400;
+// The press that takes the keyboard from the panel may be the one on its own item, which is meant
+// to close it and not to open it anew. It is when the item is triggered soon and where the press
+// was.
+constexpr qint64 sameClick = 400; // milliseconds
+constexpr int samePlace = 8;
+
+// A window manager that has just lost another window may take the keyboard from the new panel
+// again, while it looks for a window to give it to. Nobody has clicked elsewhere then: the pointer
+// is still where it opened the panel.
+constexpr auto settling = 500ms;
+
+bool isNear(QPoint one, QPoint other) {
+    return (one - other).manhattanLength() <= samePlace;
+}
 
 QScreen *screenOf(const QRect &item, QPoint pointer) {
     QScreen *const screen = QGuiApplication::screenAt(item.isEmpty() ? pointer : item.center());
@@ -64,6 +79,7 @@ void AppDelegate::applicationDidFinishLaunching() {
 }
 
 void AppDelegate::showMainWindow(const QString &activationToken) {
+    closePopover();
     if (!m_window)
         makeWindow();
     if (!m_window->isVisible()) {
@@ -91,9 +107,12 @@ void AppDelegate::togglePopover(QPoint pointer) {
         closePopover();
         return;
     }
-    if (m_sincePopoverLostFocus.isValid() && !m_sincePopoverLostFocus.hasExpired(sameClick)) {
+    if (m_sincePopoverLostFocus.isValid()) {
+        const bool isSameClick =
+            !m_sincePopoverLostFocus.hasExpired(sameClick) && isNear(pointer, m_pointerAtLoss);
         m_sincePopoverLostFocus.invalidate();
-        return;
+        if (isSameClick)
+            return;
     }
     m_popover = std::make_unique<QQuickView>(&m_engine, nullptr);
     auto *const model = new MenuBarModel(m_store, m_loc, m_popover.get());
@@ -114,6 +133,8 @@ void AppDelegate::togglePopover(QPoint pointer) {
     m_popover->setScreen(screen);
     m_popover->setPosition(
         panelPlace(item, pointer, screen->availableGeometry(), m_popover->size()));
+    m_sincePopoverOpened.start();
+    m_pointerAtOpening = QCursor::pos();
     m_popover->show();
     m_popover->raise();
     m_popover->requestActivate();
@@ -126,7 +147,6 @@ void AppDelegate::hide() {
 }
 
 void AppDelegate::openFromPopover() {
-    closePopover();
     showMainWindow();
 }
 
@@ -182,7 +202,15 @@ void AppDelegate::makeWindow() {
 void AppDelegate::noticePopoverFocus() {
     if (!m_popover || m_popover->isActive())
         return;
+    if (!QGuiApplication::focusWindow() && !m_sincePopoverOpened.hasExpired(settling.count()) &&
+        isNear(QCursor::pos(), m_pointerAtOpening)) {
+        m_popover->requestActivate();
+        // It must not stay if it doesn't get it: nothing would tell of a click elsewhere.
+        QTimer::singleShot(settling, m_popover.get(), [this] { noticePopoverFocus(); });
+        return;
+    }
     m_sincePopoverLostFocus.start();
+    m_pointerAtLoss = QCursor::pos();
     closePopover();
 }
 

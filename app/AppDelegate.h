@@ -18,6 +18,7 @@
 #include <QElapsedTimer>
 #include <QList>
 #include <QObject>
+#include <QPoint>
 #include <QQmlEngine>
 #include <QUrl>
 
@@ -54,8 +55,9 @@ public:
     /// Shows the window and the menu-bar item, once everything else is there.
     void applicationDidFinishLaunching();
 
-    /// Makes the main window, or brings the one there is back to the front. The token, of whoever
-    /// wants it, allows that where windows may not come to the front by themselves.
+    /// Makes the main window, or brings the one there is back to the front; closes the panel. The
+    /// token, of whoever wants it, allows that where windows may not come to the front by
+    /// themselves.
     void showMainWindow(const QString &activationToken = {});
 
     /// Shows the main window and reads these bills.
@@ -117,8 +119,11 @@ private:
     std::unique_ptr<StatusItem> m_statusItem;
     QString m_statusToolTip;
     std::unique_ptr<QQuickView> m_popover;
+    QElapsedTimer m_sincePopoverOpened;
+    QPoint m_pointerAtOpening;
     /// Since the panel closed because it lost the keyboard.
     QElapsedTimer m_sincePopoverLostFocus;
+    QPoint m_pointerAtLoss;
 };
 
 } // namespace tovarin

@@ -11,6 +11,7 @@
 #include "tests/support/Samples.h"
 #include "tests/ui/Texts.h"
 
+#include <QCursor>
 #include <QQuickItem>
 #include <QQuickView>
 #include <QScreen>
@@ -153,10 +154,23 @@ TEST_P(AppDelegateTest, ClosesThePanelByEscapeAndWhenItLosesTheKeyboard) {
     delegate.window()->requestActivate();
     ASSERT_TRUE(QTest::qWaitFor([this] { return !delegate.popover(); }));
     // The press on the item that took the keyboard away does not open it again; the next one does.
-    delegate.togglePopover({50, 50});
+    delegate.togglePopover(QCursor::pos());
     EXPECT_EQ(delegate.popover(), nullptr);
-    delegate.togglePopover({50, 50});
+    delegate.togglePopover(QCursor::pos());
     EXPECT_NE(delegate.popover(), nullptr);
+
+    // A press elsewhere took it away; the one on the item is another.
+    delegate.window()->requestActivate();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !delegate.popover(); }));
+    delegate.togglePopover(QCursor::pos() + QPoint(9, 0));
+    EXPECT_NE(delegate.popover(), nullptr);
+}
+
+TEST_P(AppDelegateTest, ClosesThePanelWhenTheWindowIsShown) {
+    delegate.applicationDidFinishLaunching();
+    openPanel();
+    delegate.showMainWindow();
+    EXPECT_EQ(delegate.popover(), nullptr);
 }
 
 TEST_P(AppDelegateTest, LeadsFromThePanelToTheWindow) {
