@@ -148,6 +148,11 @@ class Panel:
     def button(self, name):
         return self.dialog.find("push button", name)
 
+    def focused_button(self):
+        """The name of the button that the keyboard is at, if any."""
+        return next((e.name for e in self.dialog.children
+                     if e.role == "push button" and e.has("focused")), None)
+
     def wait_for_keyboard(self):
         wait_for("the keyboard in the panel",
                  lambda: self.dialog.find_all(where=lambda e: e.has("focused"))

@@ -13,8 +13,8 @@ import sys
 import time
 import unittest
 
-from main_window import (LOCALES, SAMPLE, TITLES, MainWindow, Panel, configure, configuration,
-                         data_file, install, install_records, picture, record)
+from main_window import (LOCALES, SAMPLE, TITLES, MainWindow, Panel, configure, data_file, install,
+                         install_records, picture, record)
 from session import Session, Tray, wait_for
 
 PROGRAM = PICTURES = None
@@ -22,6 +22,9 @@ BILLS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../data/bills"
 
 # The program itself needs far less; the machine may be busy.
 MOST_SECONDS_TO_QUIT = 5
+IDLE_SECONDS = 10
+# Qt tidies its cache of fonts up three times, 10 s apart, before it sleeps for good.
+MOST_WAKINGS = 2
 
 OPEN = {"en": "Open Tovarin", "zh": "打开 Tovarin"}
 QUIT = {"en": "Quit", "zh": "退出"}
@@ -78,6 +81,15 @@ EMPTY_PANEL_TEXTS = {
     "zh": ["Tovarin", "每月订阅支出", "¥0", "每年约 ¥0 · 进行中 0 个", "近 7 天待扣费",
            "近期没有要扣费的订阅"],
 }
+# A plain window of another program, which takes the keyboard.
+OTHER_WINDOW = """
+import gi
+gi.require_version("Gtk", "3.0")
+from gi.repository import Gtk
+window = Gtk.Window(title="Other", default_width=200, default_height=100)
+window.show_all()
+Gtk.main()
+"""
 
 
 def session(language, prepare=None, clock="2025-06-10 09:00:00", **options):
@@ -101,7 +113,6 @@ class Shell(unittest.TestCase):
         seconds = time.monotonic() - since
         self.assertEqual(app.log(), "")
         self.assertLess(seconds, MOST_SECONDS_TO_QUIT)
-        print(f"\n    ended after {seconds:.2f} s", end=" ")
 
     def end(self, desktop, app, language):
         app.wait_window(TITLES[language])
@@ -188,6 +199,68 @@ class Panels(Shell):
                 since = time.monotonic()
                 panel.button(QUIT[language]).click()
                 self.expect_end(app, since)
+
+    def test_is_used_with_the_keyboard(self):
+        for language in LOCALES:
+            with self.subTest(language), session(language) as desktop:
+                app, _ = self.start(desktop, language)
+                desktop.close_window()
+                self.wait_unseen(app)
+                panel = self.open_panel(desktop, app)
+                stops = []
+                for key in ("Tab", "Tab", "shift+Tab"):
+                    desktop.key(key)
+                    before = stops[-1:]
+                    wait_for("the next button",
+                             lambda: [panel.focused_button()] not in ([None], before))
+                    stops.append(panel.focused_button())
+                self.assertEqual(stops, [OPEN[language], QUIT[language], OPEN[language]])
+                desktop.key("Return")
+                app.wait_window(TITLES[language])
+                panel.wait_closed()
+
+                panel = self.open_panel(desktop, app)
+                desktop.key("ctrl+h")
+                self.wait_unseen(app)
+
+                panel = self.open_panel(desktop, app)
+                desktop.key("Tab", "Tab")
+                wait_for("the last button", lambda: panel.focused_button() == QUIT[language])
+                since = time.monotonic()
+                desktop.key("Return")
+                self.expect_end(app, since)
+
+    def test_closes_on_a_click_elsewhere(self):
+        with session("en") as desktop:
+            app, window = self.start(desktop, "en")
+            other = desktop.spawn("other", ["/usr/bin/python3", "-c", OTHER_WINDOW])
+            wait_for("another program's window", lambda: desktop.active_window() == "Other")
+            place, = desktop.windows(other.pid).values()
+            for x, y in ((place[1] + 30, place[2] + 30), (640, 200), (10, 890)):
+                panel = self.open_panel(desktop, app)
+                desktop.click(x, y)
+                panel.wait_closed()
+            # A press on its item closes it, too, and does not open it anew.
+            panel = self.open_panel(desktop, app)
+            desktop.tray.wait().click()
+            panel.wait_closed()
+            self.end(desktop, app, "en")
+
+    def test_shows_what_is_true_at_its_opening(self):
+        with session("en") as desktop:
+            app, window = self.start(desktop, "en")
+            panel = self.open_panel(desktop, app)
+            self.assertEqual(panel.texts(), EMPTY_PANEL_TEXTS["en"])
+            desktop.key("Escape")
+            panel.wait_closed()
+            second = desktop.start([PROGRAM, os.path.join(BILLS, "clean/message-1x.png")])
+            self.assertEqual(second.wait(), 0)
+            wait_for("the bill in the list", lambda: window.count() == 1, 30)
+            panel = self.open_panel(desktop, app)
+            self.assertEqual(panel.texts()[2:4], ["$7.64", "≈$91.67/yr · 1 active"])
+            desktop.key("Escape")
+            panel.wait_closed()
+            self.end(desktop, app, "en")
 
 
 class Comings(Shell):
@@ -409,6 +482,89 @@ class Days(Shell):
             desktop.key("Escape")
             panel.wait_closed()
             self.end(desktop, app, "en")
+
+
+class Rest(Shell):
+    def switches(self, app):
+        """How often each thread gave the processor away."""
+        counts = {}
+        for path in glob.glob(f"/proc/{app.pid}/task/*/status"):
+            with open(path, encoding="utf-8") as status:
+                found = re.search(r"^voluntary_ctxt_switches:\s+(\d+)$", status.read(), re.M)
+                counts[path] = int(found.group(1))
+        return counts
+
+    def test_wakes_for_nothing(self):
+        with session("en", lambda s: install(s, SAMPLE), clock=None, a11y=False) as desktop:
+            app = desktop.start([PROGRAM])
+            wait_for("the window", lambda: desktop.active_window() == TITLES["en"], 15)
+            desktop.tray.wait()
+            before = None
+
+            def at_rest():
+                nonlocal before
+                earlier, before = before, self.switches(app)
+                return before == earlier
+
+            wait_for("the program to come to rest", at_rest, 10, every=1)
+            time.sleep(IDLE_SECONDS)
+            after = self.switches(app)
+            wakings = sum(count - before.get(thread, 0) for thread, count in after.items())
+            self.assertLessEqual(wakings, MOST_WAKINGS)
+            self.assertGreater(len(after), 1, "threads")
+            since = time.monotonic()
+            desktop.key("ctrl+q")
+            self.expect_end(app, since)
+
+
+class Pictures(Shell):
+    """Leaves pictures of what is hard to draw; whoever changes the look looks at them."""
+
+    def test_long_names_and_high_amounts(self):
+        long_names = [record(1, "A subscription whose name has sixty letters, all of them new",
+                             "2025-01-12", 123456789.99),
+                      record(2, "一个名字特别特别长的订阅服务，长到面板里无论如何也放不下，只好在末尾省略",
+                             "2025-01-10", 123456789.99, "USD"),
+                      record(3, "Short", "2025-01-11", 5)]
+        for language in LOCALES:
+            with self.subTest(language), \
+                    session(language, lambda s: install_records(s, long_names)) as desktop:
+                app, _ = self.start(desktop, language)
+                panel = self.open_panel(desktop, app)
+                self.assertEqual(panel.rows(), [
+                    [long_names[1]["name"], {"en": "Today", "zh": "今天"}[language],
+                     "-$123456789.99"],
+                    ["Short", {"en": "1d", "zh": "1天后"}[language], "-¥5"],
+                    [long_names[0]["name"], {"en": "2d", "zh": "2天后"}[language],
+                     "-¥123456789.99"]])
+                for row in panel.dialog.children:
+                    if row.role == "list item":
+                        self.expect_apart(row.children)
+                picture(desktop, os.path.join(PICTURES, f"panel-long-{language}.png"))
+                desktop.key("Escape")
+                panel.wait_closed()
+                self.end(desktop, app, language)
+
+    def expect_apart(self, texts):
+        """No text of a row reaches into the next."""
+        places = [text.rect for text in texts]
+        for (x, _, width, _), (following, _, _, _) in zip(places, places[1:]):
+            self.assertLessEqual(x + width, following)
+
+    def test_sizes(self):
+        for language in LOCALES:
+            for name, frame in (("760x480", "100 100 760 480 normal"),
+                                ("maximised", "100 100 960 640 maximised")):
+                with self.subTest(name, language=language), session(
+                        language, lambda s: (install_records(s, CHARGES), configure(
+                            s, TovarinMainWindow__frame=frame))) as desktop:
+                    app, window = self.start(desktop, language)
+                    if name == "760x480":
+                        self.assertEqual(window.frame.rect, (100, 100, 760, 480))
+                    else:
+                        self.assertEqual(window.frame.rect[2], desktop.size[0])
+                    picture(desktop, os.path.join(PICTURES, f"window-{name}-{language}.png"))
+                    self.end(desktop, app, language)
 
 
 if __name__ == "__main__":
