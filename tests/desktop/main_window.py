@@ -39,8 +39,8 @@ def configuration(session):
 
 
 def configure(session, **settings):
-    """Writes the settings before the program starts; in the name of one, "__" stands for a dot."""
-    os.makedirs(os.path.dirname(configuration(session)))
+    """Makes these the only settings, while the program does not run; in a name "__" is a dot."""
+    os.makedirs(os.path.dirname(configuration(session)), exist_ok=True)
     with open(configuration(session), "w", encoding="utf-8") as file:
         file.write("[General]\n")
         for name, value in settings.items():
