@@ -70,7 +70,6 @@ MenuBar {
             enabled: root.editor !== null
             onTriggered: root.editor.paste()
         }
-        MenuSeparator {}
         Action {
             text: root.isZh ? "全选" : "Select All"
             shortcut: "Ctrl+A"

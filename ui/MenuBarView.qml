@@ -144,9 +144,10 @@ Rectangle {
                         id: amount
 
                         anchors.right: parent.right
-                        anchors.verticalCenter: parent.verticalCenter
                         width: 66
+                        height: parent.height
                         horizontalAlignment: Text.AlignRight
+                        verticalAlignment: Text.AlignVCenter
                         text: row.modelData.amountText
                         color: Theme.accent
                         font.pixelSize: 12

@@ -21,6 +21,8 @@ Column {
     }
     ThemeText {
         width: root.width
+        height: 30
+        verticalAlignment: Text.AlignVCenter
         text: root.figure
         font.pixelSize: 20
         font.weight: Font.DemiBold

@@ -11,7 +11,7 @@ T.MenuBar {
 
     implicitWidth: contentWidth
     implicitHeight: 32
-    leftPadding: 12
+    leftPadding: Theme.pageMargin - 10
 
     delegate: T.MenuBarItem {
         id: item
