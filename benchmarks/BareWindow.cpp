@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Tovarin developers
 // SPDX-License-Identifier: MIT
 
-// The least that a program of this toolkit does: a window with a word on it, drawn as Tovarin draws.
-// tools/measure-start measures Tovarin against it.
+// The least that a program of this toolkit does: a window with a word on it, drawn as Tovarin
+// draws. tools/measure-start measures Tovarin against it.
 
 #include <QApplication>
 #include <QQmlComponent>
