@@ -21,8 +21,8 @@ namespace tovarin {
 /// Sees to it that a user has one Tovarin: a second start brings the first to the front and ends.
 ///
 /// The session bus decides who is first, by giving the application's name to one process; the first
-/// also answers for the desktop there as `org.freedesktop.Application` (the "D-Bus Activation" of
-/// the Desktop Entry Specification), which is what the second start calls.
+/// also answers for the desktop there as `org.freedesktop.Application` (freedesktop.org's "D-Bus
+/// Activation" of desktop entries), which is what the second start calls.
 ///
 /// One user may have two sessions, or none with a bus, and they share the data file. So the first
 /// holds a FileLock besides, and a start that cannot have it is refused. The lock's file is
