@@ -3,11 +3,12 @@
 
 #include "app/TrayHost.h"
 
+#include "tests/support/WaitFor.h"
+
 #include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QSignalSpy>
@@ -114,15 +115,6 @@ private:
     QVariant m_registered = true;
     int m_questions = 0;
 };
-
-template <typename Condition>
-bool waitFor(const Condition &condition) {
-    QElapsedTimer time;
-    time.start();
-    while (!condition() && !time.hasExpired(10000))
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 50);
-    return condition();
-}
 
 class TrayHostTest : public testing::Test {
 protected:
