@@ -4,6 +4,7 @@
 #include "app/LocalizationManager.h"
 #include "tests/support/LanguageScope.h"
 #include "tests/support/Printing.h"
+#include "tests/support/ScopedVariable.h"
 #include "tests/ui/Stage.h"
 
 #include <QClipboard>
@@ -33,6 +34,11 @@ QQuickItem *menuItem(Stage &stage, const QString &text) {
 }
 
 } // namespace
+
+// Numbers are written as the user's locale writes them, and a test may run in any.
+class NumberField : public testing::Test {
+    const ScopedVariable m_locale{"LC_ALL", "en_US.UTF-8"};
+};
 
 TEST(TextField, TakesWhatIsTyped) {
     Stage stage(field);
@@ -197,7 +203,7 @@ TEST(TextArea, ScrollsToWhereOneTypes) {
               u"Notes"_s);
 }
 
-TEST(NumberField, ShowsAndTakesNumbers) {
+TEST_F(NumberField, ShowsAndTakesNumbers) {
     Stage stage(number + field);
     EXPECT_EQ(stage.value("number", "text"), u"9.99"_s);
     stage.click(stage.item("number"));
@@ -208,7 +214,7 @@ TEST(NumberField, ShowsAndTakesNumbers) {
     EXPECT_EQ(stage.value("number", "text"), u"12.5"_s);
 }
 
-TEST(NumberField, LeavesTheNumberAsItWasForATextThatIsNone) {
+TEST_F(NumberField, LeavesTheNumberAsItWasForATextThatIsNone) {
     for (const QString &text : {u"12x"_s, u"abc"_s, u"1.2.3"_s, u"9,99"_s, u"--1"_s}) {
         Stage stage(number + field);
         stage.click(stage.item("number"));
@@ -220,7 +226,7 @@ TEST(NumberField, LeavesTheNumberAsItWasForATextThatIsNone) {
     }
 }
 
-TEST(NumberField, LeavesTheNumberWhereTheTextIsDeleted) {
+TEST_F(NumberField, LeavesTheNumberWhereTheTextIsDeleted) {
     Stage stage(number + field);
     stage.click(stage.item("number"));
     stage.press(Qt::Key_A, Qt::ControlModifier);
@@ -233,7 +239,7 @@ TEST(NumberField, LeavesTheNumberWhereTheTextIsDeleted) {
     EXPECT_EQ(stage.value("number", "text"), u"9.99"_s);
 }
 
-TEST(NumberField, StartsAnewAfterReturn) {
+TEST_F(NumberField, StartsAnewAfterReturn) {
     Stage stage(number);
     stage.click(stage.item("number"));
     stage.press(Qt::Key_A, Qt::ControlModifier);
@@ -244,12 +250,27 @@ TEST(NumberField, StartsAnewAfterReturn) {
     EXPECT_EQ(stage.value("number", "horizontalAlignment").toInt(), int(Qt::AlignRight));
 }
 
-TEST(NumberField, FollowsTheNumber) {
+TEST_F(NumberField, FollowsTheNumber) {
     Stage stage(number + field);
     stage.object("number").setProperty("value", 1234567.25);
-    EXPECT_EQ(stage.value("number", "text"), u"1234567.25"_s);
+    EXPECT_EQ(stage.value("number", "text"), u"1,234,567.25"_s);
     stage.object("number").setProperty("value", 0);
     EXPECT_EQ(stage.value("number", "text"), u"0"_s);
+}
+
+TEST_F(NumberField, IsWrittenAsTheUserWritesNumbers) {
+    for (const auto &[locale, text] : {std::pair{"de_DE.UTF-8", u"9,99"_s},
+                                       {"fa_IR.UTF-8", u"۹٫۹۹"_s},
+                                       {"C.UTF-8", u"9.99"_s}}) {
+        const ScopedVariable variable("LC_ALL", locale);
+        Stage stage(number);
+        EXPECT_EQ(stage.value("number", "text"), text) << locale;
+        stage.click(stage.item("number"));
+        stage.object("number").setProperty("text", QString());
+        stage.press(Qt::Key_A, Qt::ControlModifier);
+        stage.type(text);
+        EXPECT_EQ(stage.value("number", "value"), 9.99) << locale;
+    }
 }
 
 } // namespace tovarin
