@@ -9,6 +9,7 @@
 #include "model/Store.h"
 #include "platform/UserCalendar.h"
 #include "ui/AmountText.h"
+#include "ui/Blanks.h"
 #include "ui/DisplayDate.h"
 
 #include <algorithm>
@@ -19,19 +20,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace tovarin {
 
 namespace {
-
-/// Line breaks are none.
-bool isBlank(QChar c) {
-    return c == u'\t' || c.category() == QChar::Separator_Space;
-}
-
-QString trimmed(const QString &text) {
-    const auto *const begin = std::ranges::find_if_not(text, isBlank);
-    const auto *end = text.end();
-    while (end != begin && isBlank(*(end - 1)))
-        --end;
-    return QString(begin, end - begin);
-}
 
 template <typename Values, typename Value>
 int indexIn(const Values &values, const Value &value) {
@@ -203,7 +191,7 @@ void SubscriptionEditModel::setDateExpanded(bool expanded) {
 }
 
 bool SubscriptionEditModel::isValid() const {
-    return !trimmed(m_name).isEmpty() && amountOf(m_amountText).value_or(0) > 0;
+    return !withoutBlanksAround(m_name).isEmpty() && amountOf(m_amountText).value_or(0) > 0;
 }
 
 QString SubscriptionEditModel::titleText() const {
@@ -218,7 +206,7 @@ QString SubscriptionEditModel::titleText() const {
 Subscription SubscriptionEditModel::record() const {
     const std::optional<Subscription> &existing = m_source.existing;
     return {.id = existing ? existing->id : QUuid::createUuid(),
-            .name = trimmed(m_name),
+            .name = withoutBlanksAround(m_name),
             .amount = amountOf(m_amountText).value_or(0),
             .currency = m_currency,
             .billingType = m_billingType,
