@@ -4,9 +4,9 @@
 #include "app/LocalizationManager.h"
 #include "model/CurrencyRates.h"
 #include "model/Store.h"
-#include "model/SubscriptionFile.h"
 #include "model/SubscriptionJson.h"
 #include "platform/Clock.h"
+#include "platform/DurableFile.h"
 #include "platform/UserCalendar.h"
 #include "ui/ContentModel.h"
 

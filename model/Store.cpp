@@ -4,9 +4,9 @@
 #include "model/Store.h"
 
 #include "model/CurrencyRates.h"
-#include "model/SubscriptionFile.h"
 #include "model/SubscriptionJson.h"
 #include "platform/Clock.h"
+#include "platform/DurableFile.h"
 #include "platform/UserCalendar.h"
 
 #include <QDir>
@@ -27,7 +27,7 @@ Store::Store(const QString &applicationSupport, const Clock &clock, const UserCa
 }
 
 QList<Subscription> Store::load() const {
-    const std::optional<QByteArray> bytes = SubscriptionFile::read(m_fileURL.toLocalFile());
+    const std::optional<QByteArray> bytes = DurableFile::read(m_fileURL.toLocalFile());
     if (!bytes)
         return {};
     auto decoded = decodeSubscriptions(*bytes);
@@ -37,7 +37,7 @@ QList<Subscription> Store::load() const {
 
 void Store::save() const {
     if (const std::optional<QByteArray> bytes = encodeSubscriptions(m_subscriptions))
-        SubscriptionFile::replace(m_fileURL.toLocalFile(), *bytes);
+        DurableFile::replace(m_fileURL.toLocalFile(), *bytes);
 }
 
 void Store::change(const std::function<void()> &mutate) {

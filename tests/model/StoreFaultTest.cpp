@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "model/Store.h"
-#include "model/SubscriptionFile.h"
 #include "model/SubscriptionJson.h"
+#include "platform/DurableFile.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/Printing.h"
 #include "tests/support/Samples.h"
@@ -81,7 +81,7 @@ protected:
     QStringList filesInFolder() const {
         return QDir(folder()).entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::Hidden);
     }
-    QByteArray bytes() const { return SubscriptionFile::read(path()).value_or("no file"); }
+    QByteArray bytes() const { return DurableFile::read(path()).value_or("no file"); }
 
     QTemporaryDir home;
     ManualClock clock{instant("2025-04-01T12:00:00Z")};
@@ -171,13 +171,13 @@ TEST_F(StoreFaultTest, KeepsTheOldFileWhenTheListHasNoText) {
 TEST_F(StoreFaultTest, WritesThroughALinkAndKeepsTheMode) {
     ASSERT_TRUE(QDir().mkpath(folder()));
     const QString target = home.filePath(u"elsewhere.json"_s);
-    ASSERT_TRUE(SubscriptionFile::replace(target, "[]"));
+    ASSERT_TRUE(DurableFile::replace(target, "[]"));
     ASSERT_TRUE(QFile(target).setPermissions(QFile::ReadOwner | QFile::WriteOwner));
     ASSERT_TRUE(QFile::link(target, path()));
     Store store(home.path(), clock, calendar);
     store.add(sampleSubscription());
     EXPECT_TRUE(QFileInfo(path()).isSymLink());
-    EXPECT_EQ(SubscriptionFile::read(target), encoded(store.subscriptions()));
+    EXPECT_EQ(DurableFile::read(target), encoded(store.subscriptions()));
     EXPECT_EQ(QFile(target).permissions() & (QFile::ReadGroup | QFile::ReadOther),
               QFile::Permissions());
 }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Tovarin developers
 // SPDX-License-Identifier: MIT
 
-#include "model/SubscriptionFile.h"
+#include "platform/DurableFile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -10,7 +10,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace tovarin::SubscriptionFile {
+namespace tovarin::DurableFile {
 
 namespace {
 
@@ -48,4 +48,4 @@ bool replace(const QString &path, const QByteArray &bytes) {
     return true;
 }
 
-} // namespace tovarin::SubscriptionFile
+} // namespace tovarin::DurableFile

@@ -9,7 +9,7 @@
 #include <optional>
 
 /// The bytes of a file that must survive a crash.
-namespace tovarin::SubscriptionFile {
+namespace tovarin::DurableFile {
 
 /// The whole file; no value when it cannot be read.
 std::optional<QByteArray> read(const QString &path);
@@ -18,4 +18,4 @@ std::optional<QByteArray> read(const QString &path);
 /// bytes are on the disk under that name.
 bool replace(const QString &path, const QByteArray &bytes);
 
-} // namespace tovarin::SubscriptionFile
+} // namespace tovarin::DurableFile
