@@ -43,4 +43,8 @@ QString configurationFolder(const Environment &environment) {
     return baseFolder(environment, "XDG_CONFIG_HOME", u"/.config"_s);
 }
 
+QString stateFolder(const Environment &environment) {
+    return baseFolder(environment, "XDG_STATE_HOME", u"/.local/state"_s);
+}
+
 } // namespace tovarin

@@ -17,4 +17,8 @@ QString applicationSupportFolder(const Environment &environment);
 /// The same for settings: $XDG_CONFIG_HOME, else ~/.config.
 QString configurationFolder(const Environment &environment);
 
+/// The same for what a program has to remember between its runs: $XDG_STATE_HOME, else
+/// ~/.local/state.
+QString stateFolder(const Environment &environment);
+
 } // namespace tovarin

@@ -42,6 +42,11 @@ public:
     /// The first moment of a civil day in the user's zone.
     Instant startOfDay(CivilDay day) const { return m_zone.startOfDay(day); }
 
+    /// When the user's clocks show so much time since midnight on the day: see UserZone::instantOf.
+    std::optional<Instant> instantOf(CivilDay day, std::chrono::milliseconds time) const {
+        return m_zone.instantOf(day, time);
+    }
+
     /// The day that the numbers name in the user's calendar, month and day counted from 1, the year
     /// in the calendar's own count (2025 is 1482 by the Gregorian calendar for the Buddhist one); a
     /// calendar with eras takes the one it is in now. Numbers out of range roll over into the

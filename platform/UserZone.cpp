@@ -18,6 +18,11 @@ constexpr Instant tableBegin = sys_days(1970y / January / 1);
 // QTimeZone lists no transitions after 2037, though it knows the offsets of later years.
 constexpr Instant tableEnd = sys_days(2037y / January / 1);
 
+// The zones' own mean times, the farthest from UTC, are less than that away.
+constexpr seconds widestOffset = 16h;
+// Some 270 million years: an Instant holds a little more.
+constexpr days farthest{100'000'000'000};
+
 QDateTime toDateTime(Instant instant) {
     return QDateTime::fromMSecsSinceEpoch(instant.time_since_epoch().count(), Qt::UTC);
 }
@@ -54,6 +59,21 @@ Instant UserZone::startOfDay(CivilDay day) const {
     const Instant found = toInstant(start);
     const Instant earlier(day.time_since_epoch() - offsetAt(found - 1ms));
     return earlier < found && this->day(earlier) == day ? earlier : found;
+}
+
+std::optional<Instant> UserZone::instantOf(CivilDay day, milliseconds time) const {
+    if (day > CivilDay(farthest) || day < CivilDay(-farthest))
+        return std::nullopt;
+    // The moment is within that much of the one at which clocks in UTC show the time; where the
+    // zone changes meanwhile, either its offset before or the one after has to be counted with.
+    const Instant inUtc(day.time_since_epoch() + time);
+    const seconds before = offsetAt(inUtc - widestOffset);
+    const seconds after = offsetAt(inUtc + widestOffset);
+    for (const seconds offset : {std::max(before, after), std::min(before, after)}) {
+        if (offsetAt(inUtc - offset) == offset)
+            return inUtc - offset;
+    }
+    return inUtc - before;
 }
 
 seconds UserZone::offsetAt(Instant instant) const {

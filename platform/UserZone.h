@@ -7,6 +7,7 @@
 
 #include <QTimeZone>
 
+#include <optional>
 #include <vector>
 
 namespace tovarin {
@@ -25,6 +26,17 @@ public:
     /// The first moment of the day. A day whose midnight the clocks skip starts when they go on; a
     /// day that the zone left out altogether starts where the next one does.
     Instant startOfDay(CivilDay day) const;
+
+    /// When a wall clock shows so much time since midnight on the day, which is less than 24 hours.
+    ///
+    /// A time that the clocks skip is counted by the clock as it was before, so it comes as much
+    /// later as they are put forward: for half past two, when three follows on two, half past
+    /// three. A day that the zone left out gives the same time of the next one. Of a time that
+    /// comes twice the first is taken. So says RFC 5545 (3.3.5) of local times, and so the
+    /// notification centre reads a calendar trigger.
+    ///
+    /// No value when the day is so far away that no Instant can hold it.
+    std::optional<Instant> instantOf(CivilDay day, std::chrono::milliseconds time) const;
 
 private:
     /// From this instant on, until the next span begins, local time is UTC plus the offset.

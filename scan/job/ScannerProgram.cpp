@@ -3,21 +3,15 @@
 
 #include "scan/job/ScannerProgram.h"
 
-#include <QDir>
-#include <QFileInfo>
+#include "platform/ProgramFinder.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
 
 QString scannerProgram(const QString &programFolder) {
-    for (const QString &folder : {u"."_s, u"../libexec/tovarin"_s, u"../scanner"_s}) {
-        const QFileInfo program(
-            QDir::cleanPath(programFolder + u'/' + folder + u"/tovarin-scanner"_s));
-        if (program.isFile() && program.isExecutable())
-            return program.absoluteFilePath();
-    }
-    return {};
+    return findProgram(u"tovarin-scanner"_s, programFolder,
+                       {u"."_s, u"../libexec/tovarin"_s, u"../scanner"_s});
 }
 
 } // namespace tovarin

@@ -43,4 +43,11 @@ TEST(ConfigurationFolder, FollowsTheSameRules) {
               u"/h/.config"_s);
 }
 
+TEST(StateFolder, FollowsTheSameRules) {
+    EXPECT_EQ(stateFolder(variables({{"XDG_STATE_HOME", "/s"}, {"HOME", "/h"}})), u"/s"_s);
+    EXPECT_EQ(stateFolder(variables({{"XDG_STATE_HOME", "s"}, {"HOME", "/h"}})),
+              u"/h/.local/state"_s);
+    EXPECT_EQ(stateFolder(variables({{"HOME", "/h"}})), u"/h/.local/state"_s);
+}
+
 } // namespace tovarin

@@ -95,6 +95,74 @@ TEST(UserZone, StartsADay) {
             << c.zone << ' ' << c.day;
 }
 
+TEST(UserZone, KnowsWhenClocksShowATime) {
+    struct {
+        const char *zone;
+        const char *day;
+        std::chrono::minutes time;
+        const char *instant;
+    } const cases[] = {
+        {"UTC", "2025-01-15", 10h, "2025-01-15T10:00:00Z"},
+        {"UTC", "2025-01-15", 0h, "2025-01-15T00:00:00Z"},
+        {"UTC", "2025-01-15", 23h + 59min, "2025-01-15T23:59:00Z"},
+        {"Asia/Shanghai", "2025-01-15", 10h, "2025-01-15T02:00:00Z"},
+        {"Asia/Kathmandu", "2025-01-15", 10h, "2025-01-15T04:15:00Z"},
+        {"Pacific/Kiritimati", "2025-01-15", 10h, "2025-01-14T20:00:00Z"},
+        {"Pacific/Pago_Pago", "2025-01-15", 23h, "2025-01-16T10:00:00Z"},
+        // On the days of a change, and around them.
+        {"America/Los_Angeles", "2025-03-08", 10h, "2025-03-08T18:00:00Z"},
+        {"America/Los_Angeles", "2025-03-09", 10h, "2025-03-09T17:00:00Z"},
+        {"America/Los_Angeles", "2025-11-01", 10h, "2025-11-01T17:00:00Z"},
+        {"America/Los_Angeles", "2025-11-02", 10h, "2025-11-02T18:00:00Z"},
+        // The time does not exist: as much later as the clocks are put forward.
+        {"America/Los_Angeles", "2025-03-09", 1h + 59min, "2025-03-09T09:59:00Z"},
+        {"America/Los_Angeles", "2025-03-09", 2h, "2025-03-09T10:00:00Z"},
+        {"America/Los_Angeles", "2025-03-09", 2h + 30min, "2025-03-09T10:30:00Z"},
+        {"America/Los_Angeles", "2025-03-09", 3h, "2025-03-09T10:00:00Z"},
+        {"Australia/Lord_Howe", "2025-10-05", 2h + 15min, "2025-10-04T15:45:00Z"},
+        {"America/Sao_Paulo", "2018-11-04", 0h, "2018-11-04T03:00:00Z"},
+        // The time comes twice: the first one counts.
+        {"America/Los_Angeles", "2025-11-02", 59min, "2025-11-02T07:59:00Z"},
+        {"America/Los_Angeles", "2025-11-02", 1h, "2025-11-02T08:00:00Z"},
+        {"America/Los_Angeles", "2025-11-02", 1h + 59min, "2025-11-02T08:59:00Z"},
+        {"America/Los_Angeles", "2025-11-02", 2h, "2025-11-02T10:00:00Z"},
+        // A day that comes twice but for an hour, by the date line.
+        {"Pacific/Kwajalein", "1969-09-30", 10h, "1969-09-29T23:00:00Z"},
+        // Days that were left out: the same time of the next one.
+        {"Pacific/Apia", "2011-12-29", 10h, "2011-12-29T20:00:00Z"},
+        {"Pacific/Apia", "2011-12-30", 10h, "2011-12-30T20:00:00Z"},
+        {"Pacific/Apia", "2011-12-31", 10h, "2011-12-30T20:00:00Z"},
+        {"Pacific/Kiritimati", "1994-12-31", 10h, "1994-12-31T20:00:00Z"},
+        {"Pacific/Kwajalein", "1993-08-21", 10h, "1993-08-21T22:00:00Z"},
+        // Far from now, on both sides.
+        {"Europe/Berlin", "2199-07-01", 10h, "2199-07-01T08:00:00Z"},
+        {"Europe/Berlin", "9999-01-01", 10h, "9999-01-01T09:00:00Z"},
+        {"Asia/Shanghai", "1900-06-01", 10h, "1900-06-01T01:54:17Z"},
+    };
+    for (const auto &[name, day, time, expected] : cases)
+        EXPECT_EQ(zone(name).instantOf(civilDay(day), time), instant(expected))
+            << name << ' ' << day << ' ' << time.count();
+}
+
+TEST(UserZone, KnowsNoMomentTooFarAway) {
+    using std::chrono::days;
+    const CivilDay epoch{};
+    for (const char *name : {"UTC", "Europe/Berlin", "Pacific/Apia"}) {
+        const UserZone userZone = zone(name);
+        for (const days far : {days(365'250'000), days(100'000'000'000)}) {
+            for (const CivilDay day : {epoch + far, epoch - far}) {
+                const std::optional<Instant> found = userZone.instantOf(day, 10h);
+                ASSERT_TRUE(found);
+                EXPECT_LE(abs(*found - Instant(day.time_since_epoch() + 10h)), 16h);
+            }
+        }
+        EXPECT_EQ(userZone.instantOf(epoch + days(100'000'000'001), 10h), std::nullopt);
+        EXPECT_EQ(userZone.instantOf(epoch - days(100'000'000'001), 10h), std::nullopt);
+        EXPECT_EQ(userZone.instantOf(CivilDay::max(), 10h), std::nullopt);
+        EXPECT_EQ(userZone.instantOf(CivilDay::min(), 10h), std::nullopt);
+    }
+}
+
 /// The table of spans against the zone itself, across each change of the clocks.
 TEST(UserZone, AgreesWithTheZoneFilesAtEveryTransition) {
     for (const char *name :
