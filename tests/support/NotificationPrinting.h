@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "platform/NotificationRequest.h"
+
+#include <QJsonDocument>
+
+#include <ostream>
+
+namespace tovarin {
+
+/// How GoogleTest writes a request of a failed comparison.
+inline void PrintTo(const NotificationRequest &request, std::ostream *out) {
+    *out << QJsonDocument(request.toJson()).toJson(QJsonDocument::Compact).toStdString();
+}
+
+} // namespace tovarin
