@@ -17,6 +17,7 @@ MAY_USE = {
     "catalog": ["platform", LOCALIZATION, "model"],
     "scan": ["platform", LOCALIZATION, "model"],
     "scanner": ["platform", LOCALIZATION, "model", "scan"],
+    "notifier": ["platform"],
     "ui": ["platform", LOCALIZATION, "model", "catalog", "scan"],
     "app": ["platform", LOCALIZATION, "model", "catalog", "scan", "ui"],
 }

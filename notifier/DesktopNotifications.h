@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "notifier/NotificationService.h"
+
+#include <QDBusConnection>
+#include <QHash>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace tovarin {
+
+/// The desktop's notifications: freedesktop.org's "Desktop Notifications Specification" 1.2, over
+/// the session bus. The bus starts the service where it can.
+///
+/// A notification comes from "Tovarin", with its icon and its `desktop-entry`. Its sound is the
+/// sound theme's "message-new-instant" (`sound-name`), or `suppress-sound`; one that is not to stay
+/// in the list is `transient`; one that is not to pop up has the low urgency, which is as near as
+/// the specification comes to that. Where the service reads markup, the body is escaped: a name may
+/// hold "<" and "&". A click is the action "default", offered where the service has actions; its
+/// label, which few show, is the program's name, the same in every language.
+///
+/// Its signals are listened to only while something is shown, because the service tells them of
+/// everybody's notifications. What it never reports as closed counts as shown until it goes away.
+class DesktopNotifications final : public NotificationService {
+    Q_OBJECT
+
+public:
+    /// `applicationId` names icon and desktop entry.
+    DesktopNotifications(const QDBusConnection &bus, QString applicationId,
+                         QObject *parent = nullptr);
+
+    void prepare(std::function<void(bool isThere)> answer) override;
+    void post(const NotificationRequest &request,
+              std::function<void(Outcome outcome)> answer) override;
+    bool isShowing() const override { return !m_shown.isEmpty(); }
+
+Q_SIGNALS:
+    /// The user has clicked on a notification. The token allows a window to come to the front; it
+    /// is empty where the service gives none.
+    void clicked(const QString &activationToken);
+
+private Q_SLOTS:
+    void takeToken(uint id, const QString &token);
+    void takeAction(uint id, const QString &action);
+    void takeClosing(uint id);
+
+private:
+    void listen();
+    void stopListening();
+    void forget(uint id);
+    void forgetService();
+
+    QDBusConnection m_bus;
+    const QString m_applicationId;
+    std::optional<QStringList> m_capabilities; ///< Of the service that is there, if one is.
+    QSet<uint> m_shown;
+    QHash<uint, QString> m_tokens;
+    bool m_listens = false;
+    int m_posting = 0;
+};
+
+} // namespace tovarin

@@ -1,0 +1,241 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "notifier/Notifier.h"
+
+#include <QSet>
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+#include <variant>
+#include <vector>
+
+using namespace std::chrono;
+using namespace std::chrono_literals;
+
+namespace tovarin {
+
+namespace {
+
+constexpr milliseconds retryInterval = 5min;
+
+} // namespace
+
+Notifier::Notifier(const Clock &clock, const UserZone &zone, const QString &folder,
+                   NotificationService &service, QObject *parent)
+    : QObject(parent)
+    , m_clock(clock)
+    , m_zone(zone)
+    , m_file(folder)
+    , m_service(service)
+    , m_timer(clock) {
+    for (const PendingEntry &entry : m_file.load()) {
+        if (entry.isDue) {
+            m_due.append(entry);
+            continue;
+        }
+        keep(entry);
+    }
+    connect(&m_timer, &WallTimer::rang, this, &Notifier::look);
+    connect(&m_service, &NotificationService::appeared, this, [this] {
+        m_hasAppeared = true;
+        m_retryAt.reset();
+        deliver();
+    });
+    connect(&m_service, &NotificationService::shownNothing, this, &Notifier::tellIfIdle);
+}
+
+void Notifier::change(const QList<NotificationMessages::Change> &changes) {
+    const Instant now = m_clock.now();
+    collectDue(now);
+    for (const NotificationMessages::Change &change : changes) {
+        if (const auto *const request = std::get_if<NotificationRequest>(&change)) {
+            add(*request, now);
+        } else if (const auto *removal =
+                       std::get_if<NotificationMessages::RemovePending>(&change)) {
+            for (const QString &identifier : removal->identifiers)
+                remove(identifier);
+        } else {
+            m_pending.clear();
+            m_serials.clear();
+        }
+    }
+    collectDue(now);
+    save();
+    deliver();
+    arm();
+    tellIfIdle();
+}
+
+QList<NotificationRequest> Notifier::pending() const {
+    QList<NotificationRequest> requests;
+    for (const Pending &pending : m_pending)
+        requests.append(pending.entry.request);
+    return requests;
+}
+
+void Notifier::setZone(const UserZone &zone) {
+    m_zone = zone;
+    for (Pending &pending : m_pending)
+        pending.moment = momentOf(pending.entry);
+    look();
+}
+
+void Notifier::look() {
+    const Instant now = m_clock.now();
+    const bool isShortened = shortenIntervals(now);
+    if (collectDue(now) || isShortened)
+        save();
+    deliver();
+    arm();
+    tellIfIdle();
+}
+
+bool Notifier::isIdle() const {
+    return m_pending.isEmpty() && m_due.isEmpty() && !m_service.isShowing();
+}
+
+std::optional<Instant> Notifier::momentOf(const PendingEntry &entry) const {
+    if (entry.deadline)
+        return entry.deadline;
+    const auto &trigger = std::get<CalendarTrigger>(entry.request.trigger);
+    return m_zone.instantOf(trigger.day, trigger.time);
+}
+
+void Notifier::add(const NotificationRequest &request, Instant now) {
+    PendingEntry entry{m_file.newSerial(), request, std::nullopt, false};
+    if (const auto *const trigger = std::get_if<TimeIntervalTrigger>(&request.trigger))
+        entry.deadline = now + trigger->interval;
+    keep(entry);
+}
+
+void Notifier::keep(const PendingEntry &entry) {
+    remove(entry.request.identifier);
+    m_serials[entry.request.identifier] = entry.serial;
+    m_pending[entry.serial] = {entry, momentOf(entry)};
+}
+
+void Notifier::remove(const QString &identifier) {
+    const auto found = m_serials.constFind(identifier);
+    if (found == m_serials.cend())
+        return;
+    m_pending.remove(*found);
+    m_serials.erase(found);
+}
+
+bool Notifier::collectDue(Instant now) {
+    std::vector<Pending> due;
+    for (const Pending &pending : std::as_const(m_pending)) {
+        if (pending.moment && *pending.moment <= now)
+            due.push_back(pending);
+    }
+    std::ranges::sort(due, {}, [](const Pending &pending) {
+        return std::tuple(*pending.moment, pending.entry.serial);
+    });
+    QSet<QString> identifiers;
+    for (const Pending &pending : due)
+        identifiers.insert(pending.entry.request.identifier);
+    const auto waiting = m_due.begin() + (m_isPosting ? 1 : 0);
+    m_due.erase(std::remove_if(waiting, m_due.end(),
+                               [&](const PendingEntry &other) {
+                                   return identifiers.contains(other.request.identifier);
+                               }),
+                m_due.end());
+    for (Pending &pending : due) {
+        remove(pending.entry.request.identifier);
+        pending.entry.isDue = true;
+        m_due.append(pending.entry);
+    }
+    return !due.empty();
+}
+
+bool Notifier::shortenIntervals(Instant now) {
+    bool isShortened = false;
+    for (Pending &pending : m_pending) {
+        const auto *const trigger =
+            std::get_if<TimeIntervalTrigger>(&pending.entry.request.trigger);
+        if (trigger && *pending.entry.deadline - now > trigger->interval) {
+            pending.moment = pending.entry.deadline = now + trigger->interval;
+            isShortened = true;
+        }
+    }
+    if (m_retryAt && *m_retryAt - now > retryInterval)
+        m_retryAt = now + retryInterval;
+    return isShortened;
+}
+
+void Notifier::save() {
+    QList<PendingEntry> entries = m_due;
+    for (const Pending &pending : std::as_const(m_pending))
+        entries.append(pending.entry);
+    m_file.save(entries, m_isPosting);
+}
+
+void Notifier::arm() {
+    std::optional<Instant> next = m_retryAt;
+    for (const Pending &pending : std::as_const(m_pending)) {
+        if (pending.moment && (!next || *pending.moment < *next))
+            next = pending.moment;
+    }
+    if (next)
+        m_timer.ringAt(*next);
+}
+
+void Notifier::deliver() {
+    if (m_isDelivering || m_due.isEmpty() || (m_retryAt && m_clock.now() < *m_retryAt))
+        return;
+    m_retryAt.reset();
+    m_isDelivering = true;
+    m_hasAppeared = false;
+    m_service.prepare([this](bool isThere) {
+        if (isThere) {
+            post();
+        } else {
+            m_isDelivering = false;
+            if (m_hasAppeared)
+                tryAgain();
+        }
+    });
+}
+
+void Notifier::post() {
+    m_isPosting = true;
+    m_file.notePosted(m_due.first().serial);
+    m_service.post(m_due.first().request,
+                   [this](NotificationService::Outcome outcome) { finish(outcome); });
+}
+
+void Notifier::finish(NotificationService::Outcome outcome) {
+    using enum NotificationService::Outcome;
+    m_isDelivering = m_isPosting = false;
+    if (outcome == shown) {
+        m_due.removeFirst();
+        if (m_due.isEmpty())
+            save();
+        else
+            tryAgain();
+        tellIfIdle();
+        return;
+    }
+    // Under its old serial it counts as posted.
+    m_due.first().serial = m_file.newSerial();
+    save();
+    if (outcome == refused) {
+        m_retryAt = m_clock.now() + retryInterval;
+        arm();
+    } else if (m_hasAppeared) {
+        tryAgain();
+    }
+}
+
+void Notifier::tryAgain() {
+    QMetaObject::invokeMethod(this, &Notifier::deliver, Qt::QueuedConnection);
+}
+
+void Notifier::tellIfIdle() {
+    if (isIdle())
+        Q_EMIT becameIdle();
+}
+
+} // namespace tovarin

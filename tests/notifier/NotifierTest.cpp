@@ -1,0 +1,530 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "notifier/Notifier.h"
+
+#include "tests/notifier/Machine.h"
+#include "tests/support/NotificationPrinting.h"
+#include "tests/support/Printing.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/resource.h>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono;
+using namespace std::chrono_literals;
+
+namespace tovarin {
+
+namespace {
+
+using Outcome = NotificationService::Outcome;
+
+const QStringList nothing;
+const QStringList a{u"a"_s};
+
+class NotifierTest : public testing::Test {
+protected:
+    /// What was posted since the last question.
+    QStringList posted() { return std::exchange(m.service.posted, {}); }
+
+    int idleSignals() {
+        int signalled = 0;
+        const auto connection =
+            QObject::connect(&m.notifier(), &Notifier::becameIdle, [&] { ++signalled; });
+        m.look();
+        QObject::disconnect(connection);
+        return signalled;
+    }
+
+    Machine m;
+};
+
+/// Lets no file grow beyond a size while it lives: the write fails, as on a full disk.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) {
+        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &m_before), 0);
+        m_handler = std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{bytes, m_before.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    }
+    ~FullDisk() {
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &m_before), 0);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    FullDisk(const FullDisk &) = delete;
+    FullDisk &operator=(const FullDisk &) = delete;
+
+private:
+    rlimit m_before{};
+    void (*m_handler)(int) = SIG_DFL;
+};
+
+} // namespace
+
+TEST_F(NotifierTest, PostsWhenTheMomentComes) {
+    m.change({atTen("2025-06-09", u"a"_s)});
+    EXPECT_EQ(m.pending(), a);
+    m.set("2025-06-09T09:59:59Z");
+    EXPECT_EQ(posted(), nothing);
+    m.set(instant("2025-06-09T10:00:00Z") - 1ms);
+    EXPECT_EQ(posted(), nothing);
+    m.set("2025-06-09T10:00:00Z");
+    EXPECT_EQ(posted(), a);
+    EXPECT_EQ(m.pending(), nothing);
+    m.set("2026-06-09T10:00:00Z");
+    m.restart();
+    EXPECT_EQ(posted(), nothing);
+}
+
+TEST_F(NotifierTest, WakesByItself) {
+    const SystemClock clock;
+    m.clock.set(clock.now());
+    m.change({after(50ms, u"a"_s)});
+    EXPECT_EQ(posted(), nothing);
+    m.clock.set(clock.now() + 50ms);
+    EXPECT_TRUE(waitFor([this] { return !m.service.posted.isEmpty(); }));
+    settle();
+    EXPECT_EQ(posted(), a);
+}
+
+TEST_F(NotifierTest, PostsAnIntervalAfterTheAdding) {
+    m.change({after(3s, u"a"_s)});
+    m.set(m.clock.now() + 2999ms);
+    EXPECT_EQ(posted(), nothing);
+    m.set(m.clock.now() + 1ms);
+    EXPECT_EQ(posted(), a);
+}
+
+TEST_F(NotifierTest, PostsInTheOrderOfTheMoments) {
+    m.change({atTen("2025-06-09", u"c"_s), atTen("2025-06-08", u"b"_s), after(3s, u"a"_s),
+              atTen("2025-06-09", u"d"_s), atTen("2025-06-10", u"e"_s)});
+    EXPECT_EQ(m.pending(), (QStringList{u"c"_s, u"b"_s, u"a"_s, u"d"_s, u"e"_s}));
+    m.set("2025-06-09T18:00:00Z");
+    EXPECT_EQ(posted(), (QStringList{u"a"_s, u"b"_s, u"c"_s, u"d"_s}));
+    EXPECT_EQ(m.pending(), QStringList(u"e"_s));
+}
+
+TEST_F(NotifierTest, PostsAtOnceWhatIsAddedTooLate) {
+    m.change({atTen("2025-06-01", u"a"_s)});
+    EXPECT_EQ(posted(), a);
+    EXPECT_EQ(m.pending(), nothing);
+}
+
+TEST_F(NotifierTest, HandsOverTheWholeRequest) {
+    NotificationRequest seen;
+    class Listener final : public NotificationService {
+    public:
+        explicit Listener(NotificationRequest &to) : NotificationService(nullptr), m_to(to) {}
+        void prepare(std::function<void(bool)> answer) override { answer(true); }
+        void post(const NotificationRequest &request,
+                  std::function<void(Outcome)> answer) override {
+            m_to = request;
+            answer(Outcome::shown);
+        }
+        bool isShowing() const override { return false; }
+
+    private:
+        NotificationRequest &m_to;
+    } listener(seen);
+    Notifier notifier(m.clock, m.zone, m.folder(), listener);
+    const NotificationRequest request = atTen("2025-06-01", u"a"_s, u"body"_s);
+    notifier.change({request});
+    EXPECT_EQ(seen, request);
+}
+
+TEST_F(NotifierTest, ReplacesWhatHasTheSameIdentifier) {
+    m.change({atTen("2025-06-09", u"a"_s, u"old"_s), atTen("2025-06-09", u"b"_s)});
+    m.change({atTen("2025-06-10", u"a"_s, u"new"_s)});
+    EXPECT_EQ(m.pending(), (QStringList{u"b"_s, u"a"_s}));
+    m.set("2025-06-11T00:00:00Z");
+    EXPECT_EQ(posted(), (QStringList{u"b"_s, u"new"_s}));
+}
+
+TEST_F(NotifierTest, RemovesWhatIsPending) {
+    m.change(
+        {atTen("2025-06-09", u"a"_s), atTen("2025-06-09", u"b"_s), atTen("2025-06-09", u"c"_s)});
+    m.remove({});
+    EXPECT_EQ(m.pending().size(), 3);
+    m.remove({u"b"_s, u"no such"_s, u"c"_s});
+    EXPECT_EQ(m.pending(), a);
+    m.removeAll();
+    EXPECT_EQ(m.pending(), nothing);
+    m.change({atTen("2025-06-09", u"a"_s), NotificationMessages::RemoveAllPending(),
+              atTen("2025-06-09", u"d"_s), NotificationMessages::RemovePending{{u"e"_s}},
+              atTen("2025-06-09", u"e"_s)});
+    m.restart();
+    EXPECT_EQ(m.pending(), (QStringList{u"d"_s, u"e"_s}));
+    m.set("2025-06-11T00:00:00Z");
+    EXPECT_EQ(posted(), (QStringList{u"d"_s, u"e"_s}));
+}
+
+TEST_F(NotifierTest, CatchesUpOnceWithWhatItMissed) {
+    m.change({atTen("2025-06-09", u"a"_s), after(3s, u"test"_s), atTen("2025-06-30", u"b"_s)});
+    m.kill();
+    m.clock.set(instant("2025-06-20T12:00:00Z"));
+    m.start();
+    EXPECT_EQ(posted(), (QStringList{u"test"_s, u"a"_s}));
+    m.restart();
+    EXPECT_EQ(posted(), nothing);
+    EXPECT_EQ(m.pending(), QStringList(u"b"_s));
+}
+
+TEST_F(NotifierTest, FollowsTheClockForwardAndBack) {
+    m.change({atTen("2025-06-09", u"a"_s), atTen("2025-06-20", u"b"_s)});
+    m.set("2025-06-10T00:00:00Z");
+    EXPECT_EQ(posted(), a);
+    m.set("2025-06-01T00:00:00Z");
+    m.set("2025-06-10T00:00:00Z");
+    EXPECT_EQ(posted(), nothing) << "once";
+    m.set("1970-01-01T00:00:00Z");
+    EXPECT_EQ(m.pending(), QStringList(u"b"_s));
+    m.set("2025-06-20T10:00:00Z");
+    EXPECT_EQ(posted(), QStringList(u"b"_s));
+}
+
+TEST_F(NotifierTest, LetsNoIntervalTakeLongerForAClockSetBack) {
+    m.change({after(3s, u"a"_s), after(1h, u"b"_s)});
+    m.set(m.clock.now() - hours(24));
+    m.set(m.clock.now() + 2999ms);
+    EXPECT_EQ(posted(), nothing);
+    m.set(m.clock.now() + 1ms);
+    EXPECT_EQ(posted(), a);
+    m.kill();
+    m.clock.set(m.clock.now() - hours(24));
+    m.start();
+    m.set(m.clock.now() + 1h - 1ms);
+    EXPECT_EQ(posted(), nothing);
+    m.set(m.clock.now() + 1ms);
+    EXPECT_EQ(posted(), QStringList(u"b"_s));
+}
+
+TEST_F(NotifierTest, FollowsTheUserIntoAnotherZone) {
+    m.change({atTen("2025-06-09", u"a"_s), atTen("2025-06-10", u"b"_s)});
+    m.travel("America/Los_Angeles");
+    m.set("2025-06-09T16:59:59Z");
+    EXPECT_EQ(posted(), nothing);
+    m.set("2025-06-09T17:00:00Z");
+    EXPECT_EQ(posted(), a);
+    // It is ten there already.
+    m.set("2025-06-10T02:00:00Z");
+    EXPECT_EQ(posted(), nothing);
+    m.travel("Asia/Shanghai");
+    EXPECT_EQ(posted(), QStringList(u"b"_s));
+    m.travel("America/Los_Angeles");
+    EXPECT_EQ(posted(), nothing) << "once";
+}
+
+TEST_F(NotifierTest, ReadsTheZoneOfItsStart) {
+    m.change({atTen("2025-06-09", u"a"_s)});
+    m.kill();
+    m.zone = UserZone(QTimeZone("Asia/Shanghai"));
+    m.clock.set(instant("2025-06-09T01:59:59Z"));
+    m.start();
+    EXPECT_EQ(posted(), nothing);
+    m.set("2025-06-09T02:00:00Z");
+    EXPECT_EQ(posted(), a);
+}
+
+TEST_F(NotifierTest, PostsAtATimeThatTheClocksSkipOrShowTwice) {
+    m.set("2011-12-01T00:00:00Z");
+    m.travel("Pacific/Apia");
+    m.change({atTen("2011-12-30", u"a"_s)});
+    m.set("2011-12-30T19:59:59Z");
+    EXPECT_EQ(posted(), nothing);
+    m.set("2011-12-30T20:00:00Z");
+    EXPECT_EQ(posted(), a);
+
+    m.set("1969-09-01T00:00:00Z");
+    m.travel("Pacific/Kwajalein");
+    m.change({atTen("1969-09-30", u"b"_s)});
+    m.set("1969-09-29T22:59:59Z");
+    EXPECT_EQ(posted(), nothing);
+    m.set("1969-09-29T23:00:00Z");
+    EXPECT_EQ(posted(), QStringList(u"b"_s));
+    m.set("1969-09-30T22:00:00Z");
+    EXPECT_EQ(posted(), nothing) << "ten again, the same day";
+}
+
+TEST_F(NotifierTest, WaitsForAService) {
+    m.service.isThere = false;
+    m.change({atTen("2025-06-09", u"a"_s)});
+    m.set("2025-06-09T10:00:00Z");
+    m.set("2025-06-09T12:00:00Z");
+    EXPECT_EQ(posted(), nothing);
+    EXPECT_FALSE(m.notifier().isIdle());
+    m.restart();
+    EXPECT_EQ(posted(), nothing);
+    m.service.appear();
+    settle();
+    EXPECT_EQ(posted(), a);
+    m.restart();
+    EXPECT_EQ(posted(), nothing);
+}
+
+TEST_F(NotifierTest, AsksAgainWhenTheServiceComesWhileItIsAsking) {
+    m.service.holdsQuestions = true;
+    m.change({atTen("2025-06-01", u"a"_s)});
+    m.service.appear();
+    m.service.holdsQuestions = false;
+    m.service.answerQuestion(false);
+    settle();
+    EXPECT_EQ(posted(), a);
+}
+
+TEST_F(NotifierTest, WaitsForAnotherServiceWhenOneDies) {
+    m.service.holdsAnswers = true;
+    m.change({atTen("2025-06-01", u"a"_s)});
+    EXPECT_EQ(posted(), a);
+    m.service.isThere = false;
+    m.service.answerPost(Outcome::absent);
+    settle();
+    m.restart();
+    EXPECT_EQ(posted(), nothing);
+    m.service.holdsAnswers = false;
+    m.service.appear();
+    settle();
+    EXPECT_EQ(posted(), a) << "the first one was not shown";
+}
+
+TEST_F(NotifierTest, TriesAgainWhereTheNextServiceIsThereAlready) {
+    m.service.holdsAnswers = true;
+    m.change({atTen("2025-06-01", u"a"_s)});
+    m.service.appear();
+    m.service.holdsAnswers = false;
+    m.service.answerPost(Outcome::absent);
+    settle();
+    EXPECT_EQ(posted(), (QStringList{u"a"_s, u"a"_s}));
+}
+
+TEST_F(NotifierTest, TriesAgainInFiveMinutesWhenRefused) {
+    m.service.outcome = Outcome::refused;
+    m.change({atTen("2025-06-01", u"a"_s), atTen("2025-06-01", u"b"_s)});
+    EXPECT_EQ(posted(), a);
+    m.set(m.clock.now() + 5min - 1ms);
+    EXPECT_EQ(posted(), nothing);
+    m.set(m.clock.now() + 1ms);
+    EXPECT_EQ(posted(), a);
+    m.set(m.clock.now() - hours(24));
+    m.service.outcome = Outcome::shown;
+    EXPECT_EQ(posted(), nothing);
+    m.set(m.clock.now() + 5min);
+    EXPECT_EQ(posted(), (QStringList{u"a"_s, u"b"_s}));
+    m.restart();
+    EXPECT_EQ(posted(), nothing);
+}
+
+TEST_F(NotifierTest, TriesARefusedOneAgainAtTheNextStartOrService) {
+    m.service.outcome = Outcome::refused;
+    m.change({atTen("2025-06-01", u"a"_s)});
+    EXPECT_EQ(posted(), a);
+    m.restart();
+    EXPECT_EQ(posted(), a);
+    m.service.outcome = Outcome::shown;
+    m.service.appear();
+    settle();
+    EXPECT_EQ(posted(), a);
+}
+
+TEST_F(NotifierTest, PostsOneAfterTheOther) {
+    m.service.holdsAnswers = true;
+    m.change({atTen("2025-06-01", u"a"_s), atTen("2025-06-01", u"b"_s)});
+    EXPECT_EQ(posted(), a);
+    m.look();
+    EXPECT_EQ(posted(), nothing);
+    m.service.answerPost(Outcome::shown);
+    settle();
+    EXPECT_EQ(posted(), QStringList(u"b"_s));
+}
+
+TEST_F(NotifierTest, PostsOnceWhenKilledBeforeTheAnswer) {
+    m.service.holdsAnswers = true;
+    m.change({atTen("2025-06-01", u"a"_s), atTen("2025-06-01", u"b"_s)});
+    EXPECT_EQ(posted(), a);
+    m.restart();
+    EXPECT_EQ(posted(), QStringList(u"b"_s));
+    m.restart();
+    m.restart();
+    EXPECT_EQ(posted(), nothing);
+}
+
+TEST_F(NotifierTest, PostsOnceWhenKilledBeforeSaving) {
+    m.service.holdsAnswers = true;
+    m.change({atTen("2025-06-01", u"a"_s), atTen("2025-06-01", u"b"_s), atTen("2025-06-01", u"c"_s),
+              atTen("2025-06-09", u"d"_s)});
+    m.service.answerPost(Outcome::shown);
+    settle();
+    EXPECT_EQ(posted(), (QStringList{u"a"_s, u"b"_s}));
+    // A save in between must not forget what is on its way.
+    m.change({atTen("2025-06-10", u"e"_s)});
+    m.restart();
+    EXPECT_EQ(posted(), QStringList(u"c"_s));
+    m.restart();
+    EXPECT_EQ(posted(), nothing);
+    EXPECT_EQ(m.pending(), (QStringList{u"d"_s, u"e"_s}));
+}
+
+TEST_F(NotifierTest, NeverPostsWhatWasNotedAndNotHandedOver) {
+    m.service.losesPosts = true;
+    m.change({atTen("2025-06-01", u"a"_s)});
+    m.kill();
+    m.service.losesPosts = false;
+    m.start();
+    EXPECT_EQ(posted(), nothing);
+    EXPECT_TRUE(m.notifier().isIdle());
+}
+
+TEST_F(NotifierTest, DoesNotCallBackWhatIsDue) {
+    m.service.isThere = false;
+    m.change({atTen("2025-06-09", u"a"_s)});
+    m.clock.set(instant("2025-06-09T10:00:00Z"));
+    m.removeAll();
+    EXPECT_EQ(m.pending(), nothing);
+    m.remove(a);
+    m.restart();
+    m.set("2025-06-08T10:00:00Z");
+    m.removeAll();
+    m.service.appear();
+    settle();
+    EXPECT_EQ(posted(), a);
+}
+
+TEST_F(NotifierTest, ShowsTheLatestOfEachIdentifier) {
+    m.service.isThere = false;
+    for (const char *day : {"2025-06-02", "2025-06-03", "2025-06-04"}) {
+        m.change({atTen(day, u"a"_s, QString::fromLatin1(day)), atTen("2025-06-02", u"b"_s)});
+        m.set("2025-06-04T12:00:00Z");
+    }
+    m.change({atTen("2025-06-09", u"a"_s, u"pending"_s)});
+    m.service.appear();
+    settle();
+    EXPECT_EQ(posted(), (QStringList{u"b"_s, u"2025-06-04"_s}));
+    EXPECT_EQ(m.pending(), a);
+}
+
+TEST_F(NotifierTest, KeepsWhatIsOnItsWayBesideALaterOne) {
+    m.service.holdsAnswers = true;
+    m.change({atTen("2025-06-01", u"a"_s, u"first"_s)});
+    m.change({atTen("2025-06-01", u"a"_s, u"second"_s)});
+    EXPECT_EQ(posted(), QStringList(u"first"_s));
+    m.service.answerPost(Outcome::shown);
+    settle();
+    EXPECT_EQ(posted(), QStringList(u"second"_s));
+}
+
+TEST_F(NotifierTest, IsIdleWithNothingToWaitFor) {
+    EXPECT_EQ(idleSignals(), 1);
+    m.change({atTen("2025-06-09", u"a"_s)});
+    EXPECT_FALSE(m.notifier().isIdle());
+    EXPECT_EQ(idleSignals(), 0);
+    m.service.showing = true;
+    int signalled = 0;
+    QObject::connect(&m.notifier(), &Notifier::becameIdle, [&] { ++signalled; });
+    m.set("2025-06-09T10:00:00Z");
+    EXPECT_FALSE(m.notifier().isIdle()) << "it can be clicked on";
+    EXPECT_EQ(signalled, 0);
+    m.service.showNothing();
+    EXPECT_TRUE(m.notifier().isIdle());
+    EXPECT_EQ(signalled, 1);
+    m.change({atTen("2025-06-10", u"a"_s)});
+    EXPECT_EQ(signalled, 1);
+    m.removeAll();
+    EXPECT_EQ(signalled, 2);
+}
+
+TEST_F(NotifierTest, TellsThatItIsIdleAfterTheLastIsShown) {
+    m.service.holdsAnswers = true;
+    int signalled = 0;
+    m.change({atTen("2025-06-01", u"a"_s)});
+    QObject::connect(&m.notifier(), &Notifier::becameIdle, [&] { ++signalled; });
+    EXPECT_EQ(signalled, 0);
+    m.service.answerPost(Outcome::shown);
+    EXPECT_EQ(signalled, 1);
+}
+
+TEST_F(NotifierTest, NeverPostsForADayThatNoClockReaches) {
+    NotificationRequest request = atTen("2025-06-09", u"a"_s);
+    request.trigger = CalendarTrigger{CivilDay(days(200'000'000'000)), 10h};
+    m.change({request});
+    EXPECT_EQ(m.pending(), a);
+    m.set("9999-12-31T00:00:00Z");
+    m.restart();
+    EXPECT_EQ(posted(), nothing);
+    EXPECT_EQ(m.pending(), a);
+}
+
+TEST_F(NotifierTest, KeepsTenThousand) {
+    QList<NotificationMessages::Change> changes;
+    for (int i = 0; i < 10'000; ++i)
+        changes.append(atTen(i % 2 == 0 ? "2025-06-09" : "2025-06-10", QString::number(i)));
+    m.change(changes);
+    m.restart();
+    EXPECT_EQ(m.pending().size(), 10'000);
+    m.set("2025-06-09T10:00:00Z");
+    EXPECT_EQ(m.service.posted.size(), 5'000);
+    m.kill();
+    m.clock.set(instant("2025-06-10T10:00:00Z"));
+    m.start();
+    ASSERT_EQ(m.service.posted.size(), 10'000);
+    for (int i = 0; i < 5'000; ++i) {
+        ASSERT_EQ(m.service.posted[i], QString::number(2 * i));
+        ASSERT_EQ(m.service.posted[5'000 + i], QString::number(2 * i + 1));
+    }
+    m.restart();
+    EXPECT_EQ(m.service.posted.size(), 10'000);
+}
+
+TEST_F(NotifierTest, PostsOnceOnADiskThatTakesOnlyTheNote) {
+    m.change({atTen("2025-06-09", u"a"_s), atTen("2025-06-10", u"b"_s)});
+    {
+        const FullDisk disk(100);
+        m.set("2025-06-09T10:00:00Z");
+        EXPECT_EQ(posted(), a);
+        m.restart();
+        EXPECT_EQ(posted(), nothing);
+        m.set("2025-06-10T10:00:00Z");
+        EXPECT_EQ(posted(), QStringList(u"b"_s));
+    }
+    m.restart();
+    EXPECT_EQ(posted(), nothing);
+    EXPECT_EQ(m.pending(), nothing);
+}
+
+TEST_F(NotifierTest, PostsOnAFullDisk) {
+    m.change({atTen("2025-06-09", u"a"_s)});
+    {
+        const FullDisk disk(0);
+        m.change({atTen("2025-06-09", u"b"_s)});
+        m.set("2025-06-09T10:00:00Z");
+        EXPECT_EQ(posted(), (QStringList{u"a"_s, u"b"_s}));
+        m.look();
+        EXPECT_EQ(posted(), nothing);
+    }
+    // Neither file nor note could be written: this is what remains.
+    m.restart();
+    EXPECT_EQ(posted(), a);
+    m.restart();
+    EXPECT_EQ(posted(), nothing);
+}
+
+TEST(NotifierWithoutFolder, PostsAllTheSame) {
+    const QTemporaryDir disk;
+    QFile inTheWay(disk.filePath(u"Tovarin"_s));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    ManualClock clock(instant("2025-06-01T12:00:00Z"));
+    FakeService service;
+    Notifier notifier(clock, UserZone(QTimeZone::utc()), inTheWay.fileName(), service);
+    notifier.change({atTen("2025-06-09", u"a"_s)});
+    EXPECT_EQ(notifier.pending().size(), 1);
+    clock.set(instant("2025-06-09T10:00:00Z"));
+    notifier.look();
+    settle();
+    EXPECT_EQ(service.posted, a);
+}
+
+} // namespace tovarin
