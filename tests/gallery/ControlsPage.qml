@@ -51,6 +51,77 @@ Rectangle {
             }
         }
         Entry {
+            title: "TileButton"
+
+            TileButton {
+                icon.name: "pencil"
+                title: root.isZh ? "编辑" : "Edit"
+            }
+        }
+        Entry {
+            title: "FoldButton"
+
+            FoldButton {
+                icon.name: "calendar"
+                title: root.isZh ? "首次扣费" : "First charge"
+                value: "2025/03/12"
+            }
+        }
+        Entry {
+            title: "FoldButton, unfolded"
+
+            FoldButton {
+                icon.name: "calendar"
+                title: root.isZh ? "首次扣费" : "First charge"
+                value: "2025/03/12"
+                unfolded: true
+            }
+        }
+        Entry {
+            title: "DayButton"
+
+            DayButton {
+                title: root.isZh ? "2025年3月12日星期三" : "Wednesday, March 12, 2025"
+                number: "12"
+                isCurrentMonth: true
+                isSelected: false
+                isToday: false
+            }
+        }
+        Entry {
+            title: "DayButton, today"
+
+            DayButton {
+                title: root.isZh ? "2025年3月12日星期三" : "Wednesday, March 12, 2025"
+                number: "12"
+                isCurrentMonth: true
+                isSelected: false
+                isToday: true
+            }
+        }
+        Entry {
+            title: "DayButton, selected"
+
+            DayButton {
+                title: root.isZh ? "2025年3月12日星期三" : "Wednesday, March 12, 2025"
+                number: "12"
+                isCurrentMonth: true
+                isSelected: true
+                isToday: false
+            }
+        }
+        Entry {
+            title: "DayButton, of another month"
+
+            DayButton {
+                title: root.isZh ? "2025年4月1日星期二" : "Tuesday, April 1, 2025"
+                number: "1"
+                isCurrentMonth: false
+                isSelected: false
+                isToday: false
+            }
+        }
+        Entry {
             title: "IconButton"
             openHeight: 96
 

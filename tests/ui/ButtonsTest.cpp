@@ -32,6 +32,12 @@ protected:
     Stage stage{u"%1"_s.arg(QString::fromLatin1(GetParam().qml))};
     QQuickItem &button = stage.item("button");
     QSignalSpy clicks{&button, SIGNAL(clicked())};
+
+    Buttons() {
+        // The pointer stays where the last test left it.
+        QTest::mouseMove(&stage.window(), {470, 390});
+        stage.settle();
+    }
 };
 
 } // namespace
@@ -121,6 +127,20 @@ INSTANTIATE_TEST_SUITE_P(
              QAccessible::Button},
         Kind{"TextButton", "TextButton { objectName: 'button'; x: 9; y: 9; title: 'Name' }",
              QAccessible::Button},
+        Kind{"TileButton",
+             "TileButton { objectName: 'button'; x: 9; y: 9; title: 'Name'; icon.name: 'pencil' }",
+             QAccessible::Button},
+        Kind{"FoldButton",
+             "FoldButton { objectName: 'button'; x: 9; y: 9; title: 'Name'; value: 'Value' }",
+             QAccessible::Button},
+        Kind{"DayButton",
+             "DayButton { objectName: 'button'; x: 9; y: 9; title: 'Name'; number: '7';"
+             " isCurrentMonth: true; isSelected: false; isToday: false }",
+             QAccessible::Button},
+        Kind{"SelectedDayButton",
+             "DayButton { objectName: 'button'; x: 9; y: 9; title: 'Name'; number: '7';"
+             " isCurrentMonth: true; isSelected: true; isToday: false }",
+             QAccessible::Button},
         Kind{"RowButton",
              "RowButton { objectName: 'button'; y: 9; width: 400; name: 'Name'; pressable: true }",
              QAccessible::ListItem}),
@@ -144,6 +164,67 @@ TEST(SoftButton, HasItsSizeAndColours) {
     for (int x = 100; x < 200; ++x)
         darkest = std::min(darkest, image.pixelColor(x, 120).red());
     EXPECT_LT(darkest, 40);
+}
+
+TEST(TileButton, IsATileWithASymbolOverItsTitle) {
+    Stage stage(u"TileButton { width: 120; title: 'Edit'; icon.name: 'pencil' }"
+                "TileButton { y: 90; width: 40; title: 'A title that is cut' }"
+                "HUDSurface { y: 180; width: 120; height: 72; cornerRadius: 14 }"_s);
+    QTest::mouseMove(&stage.window(), {470, 390});
+    const QImage image = stage.settle();
+    // The ground is that of every other surface.
+    EXPECT_EQ(image.pixelColor(10, 36), image.pixelColor(10, 180 + 36));
+    EXPECT_EQ(image.pixelColor(0, 36), image.pixelColor(0, 180 + 36));
+    const auto inked = [&image](QRect area) {
+        for (int y = area.top(); y <= area.bottom(); ++y)
+            for (int x = area.left(); x <= area.right(); ++x)
+                if (image.pixelColor(x, y).red() > 200)
+                    return true;
+        return false;
+    };
+    EXPECT_TRUE(inked({51, 16, 18, 18}));
+    EXPECT_TRUE(inked({40, 42, 40, 16}));
+    EXPECT_FALSE(inked({10, 4, 35, 64}));
+    EXPECT_TRUE(stage.itemWith("truncated", true));
+}
+
+TEST(FoldButton, TellsItsValueAndWhetherItIsUnfolded) {
+    Stage stage(u"FoldButton { objectName: 'fold'; title: 'Date'; value: '2025/03/01';"
+                " onClicked: unfolded = !unfolded }"_s);
+    const QAccessibleInterface *const seen = Stage::accessible(stage.item("fold"));
+    ASSERT_TRUE(seen);
+    EXPECT_EQ(seen->text(QAccessible::Name), u"Date"_s);
+    EXPECT_EQ(seen->text(QAccessible::Description), u"2025/03/01"_s);
+    EXPECT_TRUE(seen->state().checkable);
+    EXPECT_FALSE(seen->state().checked);
+    EXPECT_EQ(stage.texts(), QStringList{u"2025/03/01"_s});
+    const QImage folded = stage.settle();
+    ASSERT_TRUE(Stage::pressByScreenReader(stage.item("fold")));
+    EXPECT_TRUE(seen->state().checked);
+    EXPECT_NE(stage.settle(), folded);
+}
+
+TEST(DayButton, TellsItsDayAndWhetherItIsSelected) {
+    Stage stage(u"DayButton { objectName: 'day'; title: 'Monday, June 9, 2025'; number: '9';"
+                " isCurrentMonth: true; isSelected: false; isToday: false }"_s);
+    const QAccessibleInterface *const seen = Stage::accessible(stage.item("day"));
+    ASSERT_TRUE(seen);
+    EXPECT_EQ(seen->text(QAccessible::Name), u"Monday, June 9, 2025"_s);
+    EXPECT_TRUE(seen->state().selectable);
+    EXPECT_FALSE(seen->state().selected);
+    EXPECT_EQ(stage.texts(), QStringList{u"9"_s});
+    // Each of these is seen.
+    QList<QImage> looks{stage.settle()};
+    for (const char *property : {"isSelected", "isToday", "isCurrentMonth"}) {
+        QQuickItem &day = stage.item("day");
+        const bool before = day.property(property).toBool();
+        day.setProperty(property, !before);
+        const QImage look = stage.settle();
+        EXPECT_FALSE(looks.contains(look)) << property;
+        looks.append(look);
+        EXPECT_EQ(bool(seen->state().selected), property == std::string_view("isSelected"));
+        day.setProperty(property, before);
+    }
 }
 
 TEST(RowButton, IsPartOfTheListOnlyWhereNothingOpens) {

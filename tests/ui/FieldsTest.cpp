@@ -65,6 +65,19 @@ TEST(TextField, IsReadByAScreenReader) {
     EXPECT_EQ(seen->text(QAccessible::Description), QString());
 }
 
+TEST(TextField, ShowsWhereOneTypesInALongText) {
+    Stage stage(u"TextField { objectName: 'field'; x: 9; y: 9; width: 80; label: 'L';"
+                " text: 'A text that is longer than its field is wide' }"_s);
+    const auto cursor = [&stage] {
+        return stage.value("field", "cursorRectangle").toRectF().left();
+    };
+    EXPECT_GT(cursor(), 80);
+    stage.press(Qt::Key_Tab);
+    ASSERT_EQ(stage.focused(), u"field"_s);
+    EXPECT_GT(cursor(), 0);
+    EXPECT_LT(cursor(), 80);
+}
+
 TEST(TextField, ShowsHowALongTextBegins) {
     Stage stage(field + area);
     const QString text = u"The beginning of a text that is longer than its field is wide"_s;

@@ -81,6 +81,22 @@ INSTANTIATE_TEST_SUITE_P(
         Control{"IconButton",
                 "IconButton { objectName: 'control'; x: 9; y: 9; title: 'T'; icon.name: 'plus' }"},
         Control{"TextButton", "TextButton { objectName: 'control'; x: 9; y: 9; title: 'T' }"},
+        Control{"TileButton",
+                "TileButton { objectName: 'control'; x: 9; y: 9; title: 'T'; icon.name: 'plus' }"},
+        Control{"FoldButton",
+                "FoldButton { objectName: 'control'; x: 9; y: 9; title: 'T'; value: 'V' }"},
+        Control{"Unfolded", "FoldButton { objectName: 'control'; x: 9; y: 9; title: 'T';"
+                            " value: 'V'; unfolded: true }"},
+        Control{"Day", "DayButton { objectName: 'control'; x: 9; y: 9; title: 'T'; number: '7';"
+                       " isCurrentMonth: true; isSelected: false; isToday: false }"},
+        Control{"OtherMonthsDay",
+                "DayButton { objectName: 'control'; x: 9; y: 9; title: 'T'; number: '7';"
+                " isCurrentMonth: false; isSelected: false; isToday: false }"},
+        Control{"Today", "DayButton { objectName: 'control'; x: 9; y: 9; title: 'T'; number: '7';"
+                         " isCurrentMonth: true; isSelected: false; isToday: true }"},
+        Control{"SelectedDay",
+                "DayButton { objectName: 'control'; x: 9; y: 9; title: 'T'; number: '7';"
+                " isCurrentMonth: true; isSelected: true; isToday: false }"},
         Control{"TextField",
                 "TextField { objectName: 'control'; x: 9; y: 9; label: 'L'; text: 'T' }", false},
         Control{"NumberField", "NumberField { objectName: 'control'; x: 9; y: 9; label: 'L' }",

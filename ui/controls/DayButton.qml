@@ -24,8 +24,8 @@ BaseButton {
         color: root.isSelected ? (root.down ? Qt.darker(Theme.accent, 1.2)
                                             : root.hovered ? Qt.lighter(Theme.accent, 1.06)
                                                            : Theme.accent)
-                               : Qt.rgba(1, 1, 1, root.down ? 0.18 : root.isToday ? 0.1
-                                                                   : root.hovered ? 0.07 : 0)
+                               : Qt.rgba(1, 1, 1, root.down ? 0.18 : (root.isToday ? 0.1 : 0)
+                                                                     + (root.hovered ? 0.07 : 0))
         border.width: root.isToday && !root.isSelected ? 1 : 0
         border.color: Qt.alpha(Theme.textSecondary, 0.5)
 

@@ -32,14 +32,14 @@ T.TextField {
     Accessible.description: text === "" ? placeholderText : ""
     Keys.forwardTo: [menuArea]
 
-    // Who is not at it sees how the text begins.
+    // Who is not at it sees how the text begins; who comes to it, where he types.
     function showBeginning() {
         if (!activeFocus && horizontalAlignment === TextInput.AlignLeft)
             ensureVisible(0);
     }
 
     Component.onCompleted: showBeginning()
-    onActiveFocusChanged: showBeginning()
+    onActiveFocusChanged: activeFocus ? ensureVisible(cursorPosition) : showBeginning()
     onTextChanged: showBeginning()
     onWidthChanged: showBeginning()
 

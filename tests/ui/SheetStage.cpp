@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/ui/SheetStage.h"
+
+#include <QMetaEnum>
+#include <QQmlComponent>
+#include <QQmlContext>
+#include <QTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace tovarin {
+
+namespace {
+
+const QString emptySheet = u"Sheet { objectName: 'sheet'; label: 'Sheet';"
+                           " FocusScope { objectName: 'content'; anchors.fill: parent;"
+                           " focus: true } }"_s;
+
+QString roleOf(const QAccessibleInterface &seen) {
+    return QString::fromLatin1(QMetaEnum::fromType<QAccessible::Role>().valueToKey(seen.role()));
+}
+
+void tell(QAccessibleInterface &seen, QStringList &told) {
+    if (seen.state().invisible)
+        return;
+    QStringList words{roleOf(seen), seen.text(QAccessible::Name)};
+    if (seen.role() == QAccessible::CheckBox)
+        words.append(seen.state().checked ? u"(ticked)"_s : u"(unticked)"_s);
+    if (seen.role() == QAccessible::EditableText)
+        words.append(u"= "_s + seen.text(QAccessible::Value));
+    if (seen.state().disabled)
+        words.append(u"(disabled)"_s);
+    if (QAccessibleActionInterface *const actions = seen.actionInterface()) {
+        if (actions->actionNames().contains(QAccessibleActionInterface::pressAction()))
+            words.append(u"[press]"_s);
+        if (actions->actionNames().contains(QAccessibleActionInterface::toggleAction()))
+            words.append(u"[toggle]"_s);
+    }
+    told.append(words.join(u' '));
+    for (int i = 0; i < seen.childCount(); ++i)
+        tell(*seen.child(i), told);
+}
+
+} // namespace
+
+SheetStage::SheetStage(const QString &screen, const QVariantMap &properties, QSize size)
+    : Stage(emptySheet, size) {
+    QQmlComponent component(&engine(), QUrl(u"qrc:/Tovarin/%1.qml"_s.arg(screen)));
+    QQuickItem &content = item("content");
+    m_screen = qobject_cast<QQuickItem *>(
+        component.createWithInitialProperties(properties, qmlContext(&content)));
+    if (!m_screen)
+        qFatal("%s", qPrintable(component.errorString()));
+    m_screen->setParent(&content);
+    m_screen->setParentItem(&content);
+    QObject &sheet = object("sheet");
+    sheet.setProperty("label", m_screen->property("label"));
+    QMetaObject::invokeMethod(&sheet, "open");
+    if (!QTest::qWaitFor([&sheet] { return sheet.property("opened").toBool(); }))
+        qFatal("the sheet does not open");
+    takeItsSize();
+}
+
+/// How high it is may depend on how wide it is.
+void SheetStage::takeItsSize() {
+    for (int i = 0; i < 2; ++i) {
+        object("sheet").setProperty("preferredWidth", m_screen->implicitWidth());
+        object("sheet").setProperty("preferredHeight", m_screen->implicitHeight());
+        settle();
+        m_screen->setSize(item("content").size());
+        settle();
+    }
+}
+
+bool SheetStage::isOpen() {
+    return object("sheet").property("visible").toBool();
+}
+
+void SheetStage::resize(QSize size) {
+    window().resize(size);
+    settle();
+    takeItsSize();
+}
+
+bool SheetStage::tabTo(const QString &name) {
+    constexpr int more = 60;
+    for (int i = 0; i < more && focused() != name; ++i)
+        press(Qt::Key_Tab);
+    return focused() == name;
+}
+
+QStringList SheetStage::told() {
+    QStringList told;
+    QQuickItem *const dialog = item("content").parentItem();
+    if (QAccessibleInterface *const seen = accessible(*dialog))
+        tell(*seen, told);
+    return told;
+}
+
+} // namespace tovarin
