@@ -114,7 +114,8 @@ bool PendingFile::save(const QList<PendingEntry> &entries, bool keepsPosted) {
     const QJsonObject object{{u"version"_s, version},
                              {u"next"_s, static_cast<qint64>(m_next)},
                              {u"requests"_s, requests}};
-    if (m_isLocked || !DurableFile::replace(m_path, QJsonDocument(object).toJson()))
+    if (m_isLocked ||
+        !DurableFile::replace(m_path, QJsonDocument(object).toJson(QJsonDocument::Compact)))
         return false;
     if (!keepsPosted)
         QFile::remove(m_postedPath);

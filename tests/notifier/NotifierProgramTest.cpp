@@ -393,6 +393,31 @@ TEST_F(NotifierProgramTest, LeavesTheFileToTheOneOfAnotherSession) {
     EXPECT_FALSE(isRunning());
 }
 
+TEST_F(NotifierProgramTest, IsStartedByTheBusThatKnowsIt) {
+    const ScopedVariable data("XDG_DATA_HOME", QFile::encodeName(state.path()));
+    ASSERT_TRUE(QDir().mkpath(state.filePath(u"dbus-1/services"_s)));
+    QFile file(state.filePath(u"dbus-1/services/notifier.service"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("[D-BUS Service]\nName=app.tovarin.Tovarin.Notifier\nExec=" TOVARIN_NOTIFIER "\n");
+    file.close();
+    const PrivateBus knowing;
+    QDBusConnection own =
+        QDBusConnection::connectToBus(QString::fromLatin1(knowing.address()), u"own"_s);
+    {
+        SessionNotificationCenter withoutProgram(u"app.tovarin.Tovarin"_s, own, QString());
+        withoutProgram.add(after(1h, u"a"_s, u"one"_s));
+        QStringList told;
+        withoutProgram.pending([&](const QList<NotificationRequest> &requests) {
+            for (const NotificationRequest &request : requests)
+                told.append(request.identifier);
+        });
+        EXPECT_TRUE(waitFor([&] { return !told.isEmpty(); }));
+        EXPECT_EQ(told, QStringList(u"a"_s));
+    }
+    own = QDBusConnection(QString());
+    QDBusConnection::disconnectFromBus(u"own"_s);
+}
+
 TEST_F(NotifierProgramTest, EndsWithoutABusAndWithItsBus) {
     {
         const ScopedVariable none("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
