@@ -252,6 +252,43 @@ TEST_F(NumberField, LeavesTheNumberWhereTheTextIsDeleted) {
     EXPECT_EQ(stage.value("number", "text"), u"9.99"_s);
 }
 
+TEST_F(NumberField, SaysThatATextIsNoNumber) {
+    for (const Lang lang : {Lang::en, Lang::zh}) {
+        const LanguageScope language(lang);
+        for (const QString &text : {u"12x"_s, u"9,99"_s, u"-"_s, u"12e400"_s, u" "_s, QString()}) {
+            Stage stage(number + field);
+            QQuickItem &item = stage.item("number");
+            const QAccessibleInterface *const seen = Stage::accessible(item);
+            const auto outline = [&] { return stage.settle().pixelColor(60, 200); };
+            const QColor orange(242, 138, 46);
+            EXPECT_TRUE(stage.value("number", "acceptable").toBool());
+            EXPECT_NE(outline(), orange);
+            EXPECT_EQ(seen->text(QAccessible::Description), QString());
+
+            stage.click(item);
+            EXPECT_EQ(outline(), QColor(246, 201, 74));
+            stage.press(Qt::Key_A, Qt::ControlModifier);
+            stage.press(Qt::Key_Backspace);
+            stage.type(text);
+            EXPECT_FALSE(stage.value("number", "acceptable").toBool()) << text.toStdString();
+            EXPECT_EQ(outline(), orange) << text.toStdString();
+            EXPECT_EQ(seen->text(QAccessible::Description),
+                      lang == Lang::zh ? u"不是数字"_s : u"Not a number"_s);
+            EXPECT_EQ(stage.value("number", "value"), 9.99) << text.toStdString();
+
+            stage.press(Qt::Key_A, Qt::ControlModifier);
+            stage.type(u"7"_s);
+            EXPECT_EQ(outline(), QColor(246, 201, 74));
+            stage.type(u"x"_s);
+            EXPECT_EQ(outline(), orange);
+            // Whoever leaves it leaves a number.
+            stage.click(stage.item("field"));
+            EXPECT_TRUE(stage.value("number", "acceptable").toBool());
+            EXPECT_NE(outline(), orange);
+        }
+    }
+}
+
 TEST_F(NumberField, StartsAnewAfterReturn) {
     Stage stage(number);
     stage.click(stage.item("number"));

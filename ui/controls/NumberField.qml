@@ -4,7 +4,8 @@
 import QtQuick
 import Tovarin
 
-// A number to type in, as the user's locale writes numbers.
+// A number to type in, as the user's locale writes numbers. What is no number, an emptied field
+// included, leaves the number as it was, and the field says so.
 TextField {
     id: root
 
@@ -17,6 +18,9 @@ TextField {
     horizontalAlignment: TextInput.AlignRight
     inputMethodHints: Qt.ImhFormattedNumbersOnly
     placeholderText: "0"
+    acceptable: UserNumbers.value(text) !== undefined
+
+    Accessible.description: acceptable ? "" : LocalizationManager.isZh ? "不是数字" : "Not a number"
 
     // What it was when the typing began: a text that is no number stands for it.
     property real valueBefore: 0

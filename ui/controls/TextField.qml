@@ -13,6 +13,8 @@ T.TextField {
 
     // What it is for, as a screen reader says it.
     required property string label
+    // False while what is typed cannot be used.
+    property bool acceptable: true
 
     implicitWidth: 220
     implicitHeight: 36
@@ -46,6 +48,7 @@ T.TextField {
     background: FieldGround {
         hovered: root.hovered
         focused: root.activeFocus
+        acceptable: root.acceptable
     }
     cursorDelegate: TextCursor {
         editor: root
