@@ -131,6 +131,29 @@ Rectangle {
             }
         }
         Entry {
+            title: "CellButton"
+
+            CellButton {
+                title: root.isZh ? "爱奇艺 VIP" : "iQIYI VIP"
+                contentItem: ThemeText {
+                    text: root.isZh ? "爱奇艺 VIP" : "iQIYI VIP"
+                    verticalAlignment: Text.AlignVCenter
+                }
+            }
+        }
+        Entry {
+            title: "CellButton, ticked"
+
+            CellButton {
+                title: root.isZh ? "爱奇艺 VIP" : "iQIYI VIP"
+                ticked: true
+                contentItem: ThemeText {
+                    text: root.isZh ? "爱奇艺 VIP" : "iQIYI VIP"
+                    verticalAlignment: Text.AlignVCenter
+                }
+            }
+        }
+        Entry {
             title: "TextField, empty"
 
             TextField {

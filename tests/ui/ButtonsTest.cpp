@@ -127,6 +127,11 @@ INSTANTIATE_TEST_SUITE_P(
              QAccessible::Button},
         Kind{"TextButton", "TextButton { objectName: 'button'; x: 9; y: 9; title: 'Name' }",
              QAccessible::Button},
+        Kind{"CellButton", "CellButton { objectName: 'button'; x: 9; y: 9; title: 'Name' }",
+             QAccessible::CheckBox},
+        Kind{"TickedCellButton",
+             "CellButton { objectName: 'button'; x: 9; y: 9; title: 'Name'; ticked: true }",
+             QAccessible::CheckBox},
         Kind{"TileButton",
              "TileButton { objectName: 'button'; x: 9; y: 9; title: 'Name'; icon.name: 'pencil' }",
              QAccessible::Button},
@@ -164,6 +169,27 @@ TEST(SoftButton, HasItsSizeAndColours) {
     for (int x = 100; x < 200; ++x)
         darkest = std::min(darkest, image.pixelColor(x, 120).red());
     EXPECT_LT(darkest, 40);
+}
+
+TEST(CellButton, TellsWhetherItIsTicked) {
+    Stage stage(u"CellButton { objectName: 'cell'; title: 'Name'; onClicked: ticked = !ticked }"_s);
+    QQuickItem &cell = stage.item("cell");
+    QAccessibleInterface *const seen = Stage::accessible(cell);
+    ASSERT_TRUE(seen);
+    EXPECT_TRUE(seen->state().checkable);
+    EXPECT_FALSE(seen->state().checked);
+    const QImage before = stage.settle();
+    stage.press(Qt::Key_Tab);
+    stage.press(Qt::Key_Space);
+    EXPECT_TRUE(seen->state().checked);
+    cell.setFocus(false);
+    EXPECT_NE(stage.settle(), before);
+    seen->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_FALSE(seen->state().checked);
+    EXPECT_EQ(stage.settle(), before);
+    cell.setEnabled(false);
+    seen->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_FALSE(seen->state().checked);
 }
 
 TEST(TileButton, IsATileWithASymbolOverItsTitle) {

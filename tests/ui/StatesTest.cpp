@@ -97,6 +97,9 @@ INSTANTIATE_TEST_SUITE_P(
         Control{"SelectedDay",
                 "DayButton { objectName: 'control'; x: 9; y: 9; title: 'T'; number: '7';"
                 " isCurrentMonth: true; isSelected: true; isToday: false }"},
+        Control{"Cell", "CellButton { objectName: 'control'; x: 9; y: 9; title: 'T' }"},
+        Control{"TickedCell",
+                "CellButton { objectName: 'control'; x: 9; y: 9; title: 'T'; ticked: true }"},
         Control{"TextField",
                 "TextField { objectName: 'control'; x: 9; y: 9; label: 'L'; text: 'T' }", false},
         Control{"NumberField", "NumberField { objectName: 'control'; x: 9; y: 9; label: 'L' }",
