@@ -283,11 +283,14 @@ TEST_P(BatchReviewTest, TakesNumbersAsTheUserWritesThem) {
         // What is no number changes nothing, and says so.
         const double before = items[0].subscription.amount;
         stage->click(amount);
+        EXPECT_TRUE(amount.property("acceptable").toBool()) << name;
         stage->press(Qt::Key_A, Qt::ControlModifier);
         stage->type(refused);
+        EXPECT_FALSE(amount.property("acceptable").toBool()) << name;
         stage->press(Qt::Key_Tab);
         EXPECT_EQ(items[0].subscription.amount, before) << name;
         EXPECT_EQ(amount.property("text"), afterwards) << name;
+        EXPECT_TRUE(amount.property("acceptable").toBool()) << name;
     }
 }
 

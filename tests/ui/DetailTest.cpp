@@ -286,6 +286,24 @@ TEST_P(DetailTest, CutsNothingShortButLongNames) {
     EXPECT_EQ(Stage::accessible(item("name"))->text(QAccessible::Name), QString(500, u'长'));
 }
 
+TEST_P(DetailTest, PutsValuesAtTheRightAndSeveralLinesUnderEachOther) {
+    for (const auto &[notes, alignment] :
+         {std::pair(u"one line"_s, Qt::AlignRight), std::pair(u"one\ntwo"_s, Qt::AlignLeft),
+          std::pair(u"wrapped "_s.repeated(20), Qt::AlignLeft)}) {
+        Subscription sub = sampleSubscription();
+        sub.notes = notes;
+        open(sub);
+        const QQuickItem *const value = stage->itemWith("text", notes);
+        ASSERT_TRUE(value);
+        EXPECT_EQ(value->property("horizontalAlignment").toInt(), int(alignment));
+        const QQuickItem *const currency = stage->itemWith("text", u"CNY"_s);
+        EXPECT_EQ(currency->property("horizontalAlignment").toInt(), int(Qt::AlignRight));
+        EXPECT_EQ(value->mapToScene({value->width(), 0}).x(),
+                  currency->mapToScene({currency->width(), 0}).x());
+        EXPECT_GE(value->height(), value->property("contentHeight").toReal());
+    }
+}
+
 TEST_P(DetailTest, IsAsHighAsItHasToBe) {
     open(sampleSubscription());
     EXPECT_EQ(stage->screen().implicitWidth(), 460);
