@@ -54,15 +54,17 @@ FocusScope {
     Row {
         id: row
 
-        // As wide as the widest each, or as the place allows.
-        readonly property real widest: {
-            let widest = 0;
-            for (let i = 0; i < segments.count; ++i) {
-                const segment = segments.itemAt(i);
-                widest = Math.max(widest, segment ? segment.implicitWidth : 0);
-            }
-            return widest;
+        // As wide as the widest each, or as the place allows; where that cuts the widest short, each
+        // by its text.
+        readonly property list<real> widths: {
+            const widths = [];
+            for (let i = 0; i < segments.count; ++i)
+                widths.push(segments.itemAt(i)?.implicitWidth ?? 0);
+            return widths;
         }
+        readonly property real widest: Math.max(0, ...widths)
+        readonly property real total: widths.reduce((sum, width) => sum + width, 0)
+        readonly property bool even: width / Math.max(1, segments.count) >= widest - 20
 
         anchors.fill: parent
         anchors.margins: 3
@@ -82,7 +84,8 @@ FocusScope {
                 implicitWidth: implicitContentWidth + 28
                 leftPadding: 4
                 rightPadding: 4
-                width: row.width / Math.max(1, segments.count)
+                width: row.width * (row.even ? 1 / Math.max(1, segments.count)
+                                             : implicitWidth / row.total)
                 height: row.height
                 hoverEnabled: enabled
                 // The one that keeps the keyboard may not be passed by, says Qt.
@@ -125,7 +128,7 @@ FocusScope {
                     text: segment.modelData
                     color: segment.chosen ? Theme.onAccent : Theme.text
                     font.pixelSize: 13
-                    font.weight: segment.chosen ? Font.DemiBold : Font.Normal
+                    font.weight: Font.Medium
                     horizontalAlignment: Text.AlignHCenter
                     verticalAlignment: Text.AlignVCenter
                     Accessible.ignored: true
