@@ -4,6 +4,7 @@
 #include "app/AppDelegate.h"
 
 #include "app/LocalizationManager.h"
+#include "app/NotificationManager.h"
 #include "app/PanelPlace.h"
 #include "ui/AppFonts.h"
 #include "ui/ImageProviders.h"
@@ -58,12 +59,22 @@ AppDelegate::AppDelegate(const Surroundings &surroundings)
     , m_store(surroundings.applicationSupport, surroundings.clock, surroundings.calendar)
     , m_content(m_store, surroundings.clock, surroundings.calendar, surroundings.loc, m_logos)
     , m_scanJob(surroundings.scanner)
-    , m_bills(m_scanJob, m_openPanel, m_store)
+    , m_bills(m_scanJob, m_openPanel)
+    , m_sheets({m_store, surroundings.clock, surroundings.calendar, surroundings.months,
+                surroundings.loc, m_logos, surroundings.defaults, surroundings.delay})
     , m_menu(surroundings.loc.isZh())
     , m_defaults(surroundings.defaults)
+    , m_notifications(surroundings.notifications)
     , m_bus(surroundings.bus) {
     m_engine.addImportPath(u"qrc:/"_s);
     addImageProviders(m_engine, m_bundle, m_logos);
+    connect(&m_bills, &BillScanModel::draftsFound, &m_sheets, &ContentSheets::take);
+    connect(&m_sheets, &ContentSheets::remindDaysBeforeChanged, this,
+            &AppDelegate::rescheduleReminders);
+    connect(&m_sheets, &ContentSheets::testNotificationRequested, this,
+            [this] { m_notifications.sendTest(); });
+    connect(this, &AppDelegate::mainWindowDidShow, &m_sheets,
+            &ContentSheets::offerQuickPickIfNeeded);
     connect(&m_menu, &MainMenu::hide, this, &AppDelegate::hide);
     connect(&m_menu, &MainMenu::quit, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 }
@@ -75,13 +86,17 @@ void AppDelegate::applicationDidFinishLaunching() {
     QGuiApplication::setWindowIcon(QPixmap::fromImage(m_brand.markImage()));
     showMainWindow();
     setupStatusItem();
+    m_notifications.requestAuthorization();
+    rescheduleReminders();
     m_store.observe(this, [this](const QList<Subscription> &) { updateStatusTitle(); });
 }
 
 void AppDelegate::showMainWindow(const QString &activationToken) {
     closePopover();
-    if (!m_window)
+    if (!m_window) {
         makeWindow();
+        windowDidAppear();
+    }
     if (!m_window->isVisible()) {
         // Some displays forget the place of a window that is closed.
         m_frame.reset();
@@ -146,6 +161,11 @@ void AppDelegate::hide() {
         m_window->hide();
 }
 
+void AppDelegate::noticeDay() {
+    m_content.noticeDay();
+    m_sheets.noticeDay();
+}
+
 void AppDelegate::openFromPopover() {
     showMainWindow();
 }
@@ -164,9 +184,9 @@ bool AppDelegate::eventFilter(QObject *watched, QEvent *event) {
     if (watched != m_popover.get() || event->type() != QEvent::KeyPress)
         return QObject::eventFilter(watched, event);
     const QKeyCombination pressed = static_cast<QKeyEvent *>(event)->keyCombination();
-    if (pressed == (Qt::CTRL | Qt::Key_Q))
+    if (pressed == QKeyCombination(Qt::CTRL, Qt::Key_Q))
         Q_EMIT m_menu.quit();
-    else if (pressed == (Qt::CTRL | Qt::Key_H))
+    else if (pressed == QKeyCombination(Qt::CTRL, Qt::Key_H))
         Q_EMIT m_menu.hide();
     else
         return false;
@@ -193,10 +213,22 @@ void AppDelegate::makeWindow() {
     QObject *const object =
         component.createWithInitialProperties({{u"content"_s, QVariant::fromValue(&m_content)},
                                                {u"bills"_s, QVariant::fromValue(&m_bills)},
+                                               {u"sheets"_s, QVariant::fromValue(&m_sheets)},
                                                {u"menu"_s, QVariant::fromValue(&m_menu)}});
     m_window.reset(qobject_cast<QQuickWindow *>(object));
     if (!m_window)
         qFatal("The main window is missing: %s", qPrintable(component.errorString()));
+}
+
+void AppDelegate::windowDidAppear() {
+    m_notifications.requestAuthorization();
+    rescheduleReminders();
+    connect(&m_store, &Store::subscriptionsDidChange, this, &AppDelegate::rescheduleReminders);
+}
+
+void AppDelegate::rescheduleReminders() {
+    m_notifications.reschedule(m_store.subscriptions(),
+                               SettingsModel::storedRemindDaysBefore(m_defaults));
 }
 
 void AppDelegate::noticePopoverFocus() {

@@ -9,10 +9,12 @@
 #include "catalog/ServiceLogo.h"
 #include "model/Store.h"
 #include "platform/Bundle.h"
+#include "platform/Delay.h"
 #include "scan/job/ScanJob.h"
 #include "ui/BillScanModel.h"
 #include "ui/BrandAssets.h"
 #include "ui/ContentModel.h"
+#include "ui/ContentSheets.h"
 #include "ui/MainMenu.h"
 
 #include <QElapsedTimer>
@@ -30,6 +32,8 @@ class QQuickWindow;
 
 namespace tovarin {
 
+class NotificationManager;
+
 /// Runs the program: it has the one Store, opens the main window, and puts the item into the menu
 /// bar whose click opens a panel. Closing the window does not end the program; quitting does.
 /// Lives as long as the program, and needs a QApplication.
@@ -43,9 +47,12 @@ public:
         QString scanner;            ///< The path of tovarin-scanner.
         const Clock &clock;
         const UserCalendar &calendar;
+        const UserMonths &months;
         LocalizationManager &loc;
-        UserDefaults &defaults; ///< Where the window's place is remembered.
-        QDBusConnection bus;    ///< Where the desktop's services are.
+        UserDefaults &defaults; ///< Settings, and where the window's place is remembered.
+        NotificationManager &notifications;
+        QDBusConnection bus; ///< Where the desktop's services are.
+        Delay delay;         ///< For what opens by itself.
     };
 
     /// Loads the list. The language of the main menu is decided here, for the life of the program.
@@ -71,7 +78,7 @@ public:
     void hide();
 
     /// Another day has begun, or the zone has changed.
-    void noticeDay() { m_content.noticeDay(); }
+    void noticeDay();
 
     /// Null before the first showMainWindow().
     QQuickWindow *window() const { return m_window.get(); }
@@ -83,6 +90,7 @@ public:
     QString statusToolTip() const { return m_statusToolTip; }
 
     Store &store() { return m_store; }
+    const ContentSheets &sheets() const { return m_sheets; }
 
     /// The keys of the main menu work in the panel, too, which has no menu of its own.
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -99,6 +107,8 @@ private:
     void setupStatusItem();
     void updateStatusTitle();
     void makeWindow();
+    void windowDidAppear();
+    void rescheduleReminders();
     void noticePopoverFocus();
 
     LocalizationManager &m_loc;
@@ -110,8 +120,10 @@ private:
     ScanJob m_scanJob;
     FileDialogPanel m_openPanel;
     BillScanModel m_bills;
+    ContentSheets m_sheets;
     MainMenu m_menu;
     UserDefaults &m_defaults;
+    NotificationManager &m_notifications;
     QDBusConnection m_bus;
     QQmlEngine m_engine;
     std::unique_ptr<QQuickWindow> m_window;

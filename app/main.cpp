@@ -4,12 +4,15 @@
 #include "app/AppDelegate.h"
 #include "app/DarkAppearance.h"
 #include "app/LocalizationManager.h"
+#include "app/NotificationManager.h"
 #include "platform/ApplicationSupport.h"
 #include "platform/Clock.h"
 #include "platform/DayWatch.h"
+#include "platform/SessionNotificationCenter.h"
 #include "platform/SingleInstance.h"
 #include "platform/UserCalendar.h"
 #include "platform/UserDefaults.h"
+#include "platform/UserMonths.h"
 #include "scan/job/ScannerProgram.h"
 
 #include <QApplication>
@@ -68,10 +71,15 @@ int main(int argc, char **argv) {
 
     const SystemClock clock;
     UserCalendar calendar = UserCalendar::current(processEnvironment());
+    const UserMonths months = UserMonths::current(processEnvironment());
+    SessionNotificationCenter center(
+        QApplication::desktopFileName(), QDBusConnection::sessionBus(),
+        SessionNotificationCenter::notifierProgram(QApplication::applicationDirPath()));
+    NotificationManager notifications(center, clock, calendar, LocalizationManager::shared());
     AppDelegate delegate({applicationSupportFolder(processEnvironment()),
                           scannerProgram(QApplication::applicationDirPath()), clock, calendar,
-                          LocalizationManager::shared(), UserDefaults::standard(),
-                          QDBusConnection::sessionBus()});
+                          months, LocalizationManager::shared(), UserDefaults::standard(),
+                          notifications, QDBusConnection::sessionBus(), eventLoopDelay()});
     const DayWatch days(clock, calendar);
     useDarkAppearance(application);
     QObject::connect(&days, &DayWatch::changed, &delegate, &AppDelegate::noticeDay);

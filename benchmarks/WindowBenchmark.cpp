@@ -8,10 +8,13 @@
 #include "model/Store.h"
 #include "platform/OpenPanel.h"
 #include "platform/UserCalendar.h"
+#include "platform/UserDefaults.h"
+#include "platform/UserMonths.h"
 #include "scan/job/ScanJob.h"
 #include "ui/AppFonts.h"
 #include "ui/BillScanModel.h"
 #include "ui/ContentModel.h"
+#include "ui/ContentSheets.h"
 #include "ui/ImageProviders.h"
 #include "ui/MainMenu.h"
 
@@ -66,6 +69,7 @@ public:
         addImageProviders(m_engine, m_bundle, m_logos);
         m_engine.setInitialProperties({{u"content"_s, QVariant::fromValue(&m_content)},
                                        {u"bills"_s, QVariant::fromValue(&m_bills)},
+                                       {u"sheets"_s, QVariant::fromValue(&m_sheets)},
                                        {u"menu"_s, QVariant::fromValue(&m_menu)},
                                        {u"visible"_s, true}});
         m_engine.load(QUrl(u"qrc:/Tovarin/Main.qml"_s));
@@ -97,7 +101,10 @@ private:
     ContentModel m_content{m_store, m_clock, m_calendar, LocalizationManager::shared(), m_logos};
     ScanJob m_job{QString()};
     NoPanel m_panel;
-    BillScanModel m_bills{m_job, m_panel, m_store};
+    BillScanModel m_bills{m_job, m_panel};
+    UserMonths m_months = UserMonths::current(processEnvironment());
+    ContentSheets m_sheets{{m_store, m_clock, m_calendar, m_months, LocalizationManager::shared(),
+                            m_logos, UserDefaults::standard(), eventLoopDelay()}};
     MainMenu m_menu{false};
     QQmlApplicationEngine m_engine;
     QQuickWindow *m_window = nullptr;

@@ -3,7 +3,6 @@
 
 #include "ui/BillScanModel.h"
 
-#include "model/Store.h"
 #include "platform/OpenPanel.h"
 #include "scan/job/FileURLsFromPanel.h"
 #include "scan/job/ScanJob.h"
@@ -12,8 +11,8 @@
 
 namespace tovarin {
 
-BillScanModel::BillScanModel(ScanJob &job, OpenPanel &panel, Store &store, QObject *parent)
-    : QObject(parent), m_job(job), m_panel(panel), m_store(store) {
+BillScanModel::BillScanModel(ScanJob &job, OpenPanel &panel, QObject *parent)
+    : QObject(parent), m_job(job), m_panel(panel) {
     connect(&job, &ScanJob::progress, this, &BillScanModel::noticeProgress);
     connect(&job, &ScanJob::finished, this, &BillScanModel::take);
 }
@@ -55,15 +54,11 @@ void BillScanModel::noticeProgress(int done, int total) {
 }
 
 void BillScanModel::take(const QList<Subscription> &drafts) {
-    QList<Subscription> found;
-    std::ranges::copy_if(drafts, std::back_inserter(found), [](const Subscription &draft) {
-        return !draft.name.isEmpty() && draft.amount > 0;
-    });
     m_isScanning = false;
-    m_foundNothing = found.isEmpty();
-    if (!found.isEmpty())
-        m_store.addAll(found);
+    m_foundNothing = drafts.isEmpty();
     Q_EMIT changed();
+    if (!drafts.isEmpty())
+        Q_EMIT draftsFound(drafts);
 }
 
 } // namespace tovarin

@@ -14,10 +14,9 @@ namespace tovarin {
 
 class OpenPanel;
 class ScanJob;
-class Store;
 
-/// The scan button of the main window and the files that are dropped on it: has bills read and puts
-/// what was found into the store.
+/// The scan button of the main window and the files that are dropped on it: has bills read, and
+/// tells what was found.
 class BillScanModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -28,8 +27,8 @@ class BillScanModel final : public QObject {
     Q_PROPERTY(bool foundNothing READ foundNothing NOTIFY changed FINAL)
 
 public:
-    /// All three must outlive the model.
-    BillScanModel(ScanJob &job, OpenPanel &panel, Store &store, QObject *parent = nullptr);
+    /// Both must outlive the model.
+    BillScanModel(ScanJob &job, OpenPanel &panel, QObject *parent = nullptr);
 
     bool isScanning() const { return m_isScanning; }
 
@@ -37,7 +36,7 @@ public:
     int filesDone() const { return m_filesDone; }
     int filesTotal() const { return m_filesTotal; }
 
-    /// Whether the last scan gave nothing that could be kept.
+    /// Whether the last scan gave no draft.
     bool foundNothing() const { return m_foundNothing; }
 
     /// Asks the user for files and has them read. Nothing happens while a scan is running, or when
@@ -51,6 +50,9 @@ public:
 Q_SIGNALS:
     void changed();
 
+    /// A scan has ended and gave these drafts, at least one, in the order of their files.
+    void draftsFound(const QList<tovarin::Subscription> &drafts);
+
 private:
     bool scan(const QList<QUrl> &urls);
     void noticeProgress(int done, int total);
@@ -58,7 +60,6 @@ private:
 
     ScanJob &m_job;
     OpenPanel &m_panel;
-    Store &m_store;
     bool m_isScanning = false;
     int m_filesDone = 0;
     int m_filesTotal = 0;

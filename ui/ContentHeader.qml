@@ -10,6 +10,7 @@ Column {
 
     required property ContentModel content
     required property BillScanModel bills
+    required property ContentSheets sheets
     // What of this is in sight: where it begins, and how high it is.
     required property real viewTop
     required property real viewHeight
@@ -24,6 +25,7 @@ Column {
         width: root.width - 2 * Theme.pageMargin
         content: root.content
         bills: root.bills
+        sheets: root.sheets
     }
     UpcomingSection {
         width: root.width - 2 * Theme.pageMargin
@@ -43,5 +45,6 @@ Column {
     EmptyState {
         width: root.width - 2 * Theme.pageMargin
         visible: root.content.isEmpty
+        sheets: root.sheets
     }
 }

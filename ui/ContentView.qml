@@ -9,6 +9,7 @@ FocusScope {
 
     required property ContentModel content
     required property BillScanModel bills
+    required property ContentSheets sheets
 
     readonly property bool isZh: LocalizationManager.isZh
 
@@ -35,6 +36,16 @@ FocusScope {
             font.pixelSize: 18
             font.weight: Font.Bold
         }
+        IconButton {
+            objectName: "settings"
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.pageMargin - 8
+            anchors.verticalCenter: parent.verticalCenter
+            icon.name: "gearshape.fill"
+            symbolSize: 18
+            title: root.isZh ? "设置" : "Settings"
+            onClicked: root.sheets.showSettings()
+        }
         Rectangle {
             anchors.left: parent.left
             anchors.right: parent.right
@@ -48,6 +59,7 @@ FocusScope {
     ListView {
         id: list
 
+        objectName: "list"
         anchors.top: topBar.bottom
         anchors.bottom: parent.bottom
         anchors.left: parent.left
@@ -70,6 +82,30 @@ FocusScope {
         onOriginYChanged: {
             if (isAtTop)
                 contentY = originY;
+        }
+
+        readonly property Item focusItem: Window.activeFocusItem
+
+        // The keyboard does not go where nobody sees it.
+        onFocusItemChanged: {
+            let above = focusItem?.visualFocus ? focusItem : null;
+            while (above && above !== contentItem)
+                above = above.parent;
+            if (!above)
+                return;
+            const top = focusItem.mapToItem(contentItem, 0, 0).y;
+            if (top < contentY || top + focusItem.height > contentY + height)
+                contentY = Math.max(originY, Math.min(originY + contentHeight - height,
+                                                      top + focusItem.height / 2 - height / 2));
+        }
+
+        // Takes the keyboard to a row; false when there is none.
+        function reach(row: int): bool {
+            if (row < 0 || row >= count)
+                return false;
+            positionViewAtIndex(row, ListView.Contain);
+            itemAtIndex(row).forceActiveFocus(Qt.TabFocusReason);
+            return true;
         }
 
         Accessible.role: Accessible.List
@@ -109,11 +145,24 @@ FocusScope {
             width: list.width
             content: root.content
             bills: root.bills
+            sheets: root.sheets
             viewTop: list.contentY - y
             viewHeight: list.height
         }
         delegate: SubscriptionRow {
+            required property string subscriptionID
+
             width: list.width
+            pressable: true
+            onClicked: root.sheets.showDetail(subscriptionID)
+            // Tab reaches the rows once, where the keyboard was last; the arrow keys walk them.
+            activeFocusOnTab: index === Math.max(0, list.currentIndex)
+            onActiveFocusChanged: {
+                if (activeFocus)
+                    list.currentIndex = index;
+            }
+            Keys.onUpPressed: event => event.accepted = list.reach(index - 1)
+            Keys.onDownPressed: event => event.accepted = list.reach(index + 1)
         }
         // qmllint enable unqualified
         footer: Item {
@@ -140,5 +189,9 @@ FocusScope {
             border.width: 2
             border.color: Theme.accent
         }
+    }
+
+    ContentSheet {
+        sheets: root.sheets
     }
 }

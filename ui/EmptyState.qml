@@ -7,6 +7,8 @@ import Tovarin
 Column {
     id: root
 
+    required property ContentSheets sheets
+
     readonly property bool isZh: LocalizationManager.isZh
 
     spacing: 8
@@ -27,5 +29,26 @@ Column {
                         : "Start with quick pick, or batch-scan billing screenshots"
         color: Theme.textSecondary
         font.pixelSize: 13
+    }
+    Item {
+        width: 1
+        height: 10
+    }
+    Row {
+        anchors.horizontalCenter: parent.horizontalCenter
+        spacing: 10
+
+        SoftButton {
+            objectName: "emptyQuickPick"
+            icon.name: "square.grid.2x2"
+            title: root.isZh ? "快选常见服务" : "Quick pick"
+            onClicked: root.sheets.showQuickPick()
+        }
+        SoftButton {
+            objectName: "emptyAdd"
+            icon.name: "plus"
+            title: root.isZh ? "手动添加" : "Add manually"
+            onClicked: root.sheets.showEditor()
+        }
     }
 }

@@ -10,6 +10,7 @@ HUDSurface {
 
     required property ContentModel content
     required property BillScanModel bills
+    required property ContentSheets sheets
 
     readonly property bool isZh: LocalizationManager.isZh
     readonly property bool isWide: width >= 640
@@ -94,10 +95,23 @@ HUDSurface {
         RowLayout {
             Layout.columnSpan: root.isWide ? 2 : 1
             Layout.fillWidth: true
-            spacing: 14
+            spacing: 10
 
             SoftButton {
+                objectName: "add"
                 prominent: true
+                icon.name: "plus"
+                title: root.isZh ? "添加订阅" : "Add"
+                onClicked: root.sheets.showEditor()
+            }
+            SoftButton {
+                objectName: "quickPick"
+                icon.name: "square.grid.2x2"
+                title: root.isZh ? "快选" : "Quick pick"
+                onClicked: root.sheets.showQuickPick()
+            }
+            SoftButton {
+                objectName: "scan"
                 icon.name: "text.viewfinder"
                 enabled: !root.bills.isScanning
                 title: root.bills.isScanning
@@ -108,6 +122,7 @@ HUDSurface {
             }
             ThemeText {
                 Layout.fillWidth: true
+                Layout.leftMargin: 4
                 visible: root.bills.foundNothing
                 text: root.isZh ? "没有识别到有效内容" : "Nothing recognized"
                 color: Theme.textSecondary

@@ -11,6 +11,7 @@ Window {
 
     required property ContentModel content
     required property BillScanModel bills
+    required property ContentSheets sheets
     required property MainMenu menu
 
     width: 960
@@ -35,5 +36,6 @@ Window {
         focus: true
         content: root.content
         bills: root.bills
+        sheets: root.sheets
     }
 }

@@ -14,7 +14,11 @@ FocusScope {
     required property SubscriptionEditModel edit
 
     readonly property bool isZh: LocalizationManager.isZh
+    readonly property string label: edit.titleText
     readonly property Item focusItem: Window.activeFocusItem
+
+    implicitWidth: 520
+    implicitHeight: 620
 
     Component.onCompleted: {
         edit.populate();

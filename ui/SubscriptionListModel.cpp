@@ -32,6 +32,8 @@ QVariant SubscriptionListModel::data(const QModelIndex &index, int role) const {
     if (!index.isValid())
         return {};
     switch (role) {
+    case IDRole:
+        return m_subs[index.row()].id.toString();
     case Qt::DisplayRole:
     case NameRole:
         return texts(index.row()).name;
@@ -55,7 +57,8 @@ QVariant SubscriptionListModel::data(const QModelIndex &index, int role) const {
 }
 
 QHash<int, QByteArray> SubscriptionListModel::roleNames() const {
-    return {{NameRole, "name"},
+    return {{IDRole, "subscriptionID"},
+            {NameRole, "name"},
             {TagRole, "tag"},
             {SubtitleRole, "subtitle"},
             {AmountTextRole, "amountText"},

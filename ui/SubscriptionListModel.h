@@ -24,7 +24,8 @@ class SubscriptionListModel final : public QAbstractListModel {
 
 public:
     enum Role {
-        NameRole = Qt::UserRole,
+        IDRole = Qt::UserRole, ///< As text.
+        NameRole,
         TagRole,
         SubtitleRole,
         AmountTextRole,

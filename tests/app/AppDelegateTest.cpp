@@ -4,10 +4,14 @@
 #include "app/AppDelegate.h"
 
 #include "app/LocalizationManager.h"
+#include "app/NotificationManager.h"
+#include "platform/UserMonths.h"
 #include "tests/support/LanguageScope.h"
 #include "tests/support/ManualClock.h"
+#include "tests/support/ManualDelay.h"
 #include "tests/support/MemoryDefaults.h"
 #include "tests/support/Printing.h"
+#include "tests/support/RecordingCenter.h"
 #include "tests/support/Samples.h"
 #include "tests/ui/Texts.h"
 
@@ -25,6 +29,7 @@
 Q_IMPORT_PLUGIN(TovarinPlugin)
 
 using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace tovarin {
 
@@ -51,8 +56,20 @@ protected:
 
     QStringList panelTexts() const { return textsOf(*delegate.popover()->contentItem()); }
 
-    void press(const QString &title) {
-        QList<QQuickItem *> waiting{delegate.popover()->contentItem()};
+    bool isZh() const { return GetParam() == Lang::zh; }
+
+    QStringList windowTexts() const { return textsOf(*delegate.window()->contentItem()); }
+
+    void closeSheet() {
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(delegate.window(), &escape);
+    }
+
+    /// Presses a button of the panel.
+    void press(const QString &title) { pressIn(*delegate.popover(), title); }
+
+    static void pressIn(const QQuickWindow &window, const QString &title) {
+        QList<QQuickItem *> waiting{window.contentItem()};
         while (!waiting.isEmpty()) {
             QQuickItem *const item = waiting.takeFirst();
             if (item->property("title") == title) {
@@ -70,8 +87,13 @@ protected:
     ManualClock clock{instant("2025-06-10T04:00:00Z")};
     UserCalendar calendar = calendarIn("Asia/Shanghai");
     MemoryDefaults defaults;
-    AppDelegate delegate{{folder.path(), QString(), clock, calendar, LocalizationManager::shared(),
-                          defaults, QDBusConnection(u"no bus"_s)}};
+    UserMonths months{u"en_US"_s};
+    ManualDelay delays;
+    RecordingCenter center;
+    NotificationManager notifications{center, clock, calendar, LocalizationManager::shared()};
+    AppDelegate delegate{{folder.path(), QString(), clock, calendar, months,
+                          LocalizationManager::shared(), defaults, notifications,
+                          QDBusConnection(u"no bus"_s), delays.delay()}};
     QSignalSpy shown{&delegate, &AppDelegate::mainWindowDidShow};
 };
 
@@ -203,6 +225,76 @@ TEST_P(AppDelegateTest, SaysWhatTheItemIsFor) {
     EXPECT_EQ(delegate.statusToolTip(), pair(zh, en));
     delegate.store().add(sampleSubscription());
     EXPECT_TRUE(QTest::qWaitFor([&] { return delegate.statusToolTip() == pair(en, zh); }));
+}
+
+TEST_P(AppDelegateTest, OffersTheQuickPickWheneverTheWindowIsShown) {
+    using Sheet = ContentSheets::Sheet;
+    delegate.applicationDidFinishLaunching();
+    EXPECT_EQ(delegate.sheets().sheet(), Sheet::None);
+    delays.pass(400ms);
+    EXPECT_EQ(delegate.sheets().sheet(), Sheet::QuickPick);
+    defaults.setBoolean(u"didCompleteQuickPick"_s, true);
+    settle(*delegate.window());
+    closeSheet();
+    delegate.showMainWindow();
+    delays.pass(1s);
+    EXPECT_EQ(delegate.sheets().sheet(), Sheet::None);
+    defaults.setBoolean(u"didCompleteQuickPick"_s, false);
+    delegate.showMainWindow();
+    delays.pass(400ms);
+    EXPECT_EQ(delegate.sheets().sheet(), Sheet::QuickPick);
+}
+
+TEST_P(AppDelegateTest, KeepsAnOpenSheetWhileTheWindowIsAway) {
+    defaults.setBoolean(u"didCompleteQuickPick"_s, true);
+    delegate.applicationDidFinishLaunching();
+    settle(*delegate.window());
+    pressIn(*delegate.window(), isZh() ? u"设置"_s : u"Settings"_s);
+    EXPECT_EQ(delegate.sheets().sheet(), ContentSheets::Sheet::Settings);
+    delegate.window()->close();
+    delegate.showMainWindow();
+    settle(*delegate.window());
+    EXPECT_EQ(delegate.sheets().sheet(), ContentSheets::Sheet::Settings);
+    EXPECT_TRUE(windowTexts().contains(isZh() ? u"[ 设置 ]"_s : u"[ SETTINGS ]"_s));
+}
+
+TEST_P(AppDelegateTest, PlansTheRemindersWheneverTheyChange) {
+    defaults.setInteger(u"remindDaysBefore"_s, 5);
+    delegate.store().add(sampleSubscription(u"Morning Run"_s));
+    EXPECT_TRUE(center.requests.isEmpty());
+    delegate.applicationDidFinishLaunching();
+    EXPECT_EQ(center.calls.first(), u"authorize"_s);
+    ASSERT_EQ(center.requests.size(), 1);
+    EXPECT_TRUE(center.requests.first().body.contains(u"Morning Run"_s));
+    EXPECT_TRUE(center.requests.first().body.contains(isZh() ? u"5 天后"_s : u"in 5 days"_s))
+        << center.requests.first().body.toStdString();
+
+    delegate.store().add(sampleSubscription(u"Evening Swim"_s));
+    EXPECT_EQ(center.requests.size(), 2);
+    delegate.store().toggleActive(delegate.store().subscriptions().first());
+    ASSERT_EQ(center.requests.size(), 1);
+    EXPECT_TRUE(center.requests.first().body.contains(u"Evening Swim"_s));
+
+    // The window that is shown again plans nothing anew.
+    const qsizetype calls = center.calls.size();
+    delegate.showMainWindow();
+    EXPECT_EQ(center.calls.size(), calls);
+}
+
+TEST_P(AppDelegateTest, PlansTheRemindersAnewForAnotherDayCount) {
+    defaults.setBoolean(u"didCompleteQuickPick"_s, true);
+    delegate.store().add(sampleSubscription(u"Morning Run"_s));
+    delegate.applicationDidFinishLaunching();
+    settle(*delegate.window());
+    ASSERT_EQ(center.requests.size(), 1);
+    EXPECT_TRUE(center.requests.first().body.contains(isZh() ? u"3 天后"_s : u"in 3 days"_s));
+    pressIn(*delegate.window(), isZh() ? u"设置"_s : u"Settings"_s);
+    settle(*delegate.window());
+    delegate.sheets().settings()->chooseDays(0);
+    ASSERT_EQ(center.requests.size(), 1);
+    EXPECT_TRUE(center.requests.first().body.contains(isZh() ? u"今天"_s : u"today"_s));
+    delegate.sheets().settings()->sendTest();
+    EXPECT_EQ(center.requests.size(), 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(, AppDelegateTest, testing::Values(Lang::en, Lang::zh),

@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/ui/MainWindow.h"
+
+#include "tests/support/Printing.h"
+#include "tests/ui/Complaints.h"
+#include "tests/ui/Texts.h"
+#include "ui/ImageProviders.h"
+
+#include <QDir>
+#include <QDropEvent>
+#include <QFile>
+#include <QMimeData>
+#include <QTest>
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace tovarin {
+
+MainWindow::MainWindow() {
+    complaints().clear();
+    engine.addImportPath(u"qrc:/"_s);
+    addImageProviders(engine, bundle, logos);
+}
+
+MainWindow::~MainWindow() {
+    EXPECT_EQ(complaints(), QStringList());
+}
+
+void MainWindow::useFile(const QString &path) {
+    ASSERT_TRUE(QDir().mkpath(folder.filePath(u"Tovarin"_s)));
+    ASSERT_TRUE(QFile::copy(path, folder.filePath(u"Tovarin/subscriptions.json"_s)));
+}
+
+void MainWindow::open() {
+    store.emplace(folder.path(), clock, calendar);
+    content.emplace(*store, clock, calendar, LocalizationManager::shared(), logos);
+    bills.emplace(job, panel);
+    sheets.emplace(ContentSheets::Surroundings{*store, clock, calendar, months,
+                                               LocalizationManager::shared(), logos, defaults,
+                                               delays.delay()});
+    QObject::connect(&*bills, &BillScanModel::draftsFound, &*sheets, &ContentSheets::take);
+    engine.setInitialProperties({{u"content"_s, QVariant::fromValue(&*content)},
+                                 {u"bills"_s, QVariant::fromValue(&*bills)},
+                                 {u"sheets"_s, QVariant::fromValue(&*sheets)},
+                                 {u"menu"_s, QVariant::fromValue(&menu)},
+                                 {u"visible"_s, true}});
+    engine.load(QUrl(u"qrc:/Tovarin/Main.qml"_s));
+    ASSERT_EQ(engine.rootObjects().size(), 1);
+    window = qobject_cast<QQuickWindow *>(engine.rootObjects().first());
+    ASSERT_TRUE(window);
+    settle();
+    ASSERT_TRUE(list().property("originY").isValid());
+}
+
+void MainWindow::settle() {
+    QCoreApplication::processEvents();
+    ASSERT_FALSE(window->grabWindow().isNull());
+}
+
+qreal MainWindow::aboveSight() const {
+    return list().property("contentY").toReal() - list().property("originY").toReal();
+}
+
+qreal MainWindow::belowSight() const {
+    return list().property("contentHeight").toReal() - aboveSight() - list().height();
+}
+
+QQuickItem &MainWindow::item(const char *name) const {
+    auto *const found = window->findChild<QQuickItem *>(QString::fromLatin1(name));
+    if (!found)
+        qFatal("there is no %s", name);
+    return *found;
+}
+
+QPoint MainWindow::placeOf(const QString &text) const {
+    QList<const QQuickItem *> waiting{window->contentItem()};
+    while (!waiting.isEmpty()) {
+        const QQuickItem &item = *waiting.takeFirst();
+        if (item.isVisible() && item.property("text") == text)
+            return item.mapToScene(item.boundingRect().center()).toPoint();
+        waiting.append({item.childItems().cbegin(), item.childItems().cend()});
+    }
+    ADD_FAILURE() << "nothing shows " << text.toStdString();
+    return {};
+}
+
+QList<QQuickItem *> MainWindow::rowsWith(const char *property) const {
+    QList<QQuickItem *> rows;
+    QList<QQuickItem *> waiting{window->contentItem()};
+    while (!waiting.isEmpty()) {
+        QQuickItem *const item = waiting.takeFirst();
+        if (item->property(property).isValid())
+            rows.append(item);
+        waiting.append(item->childItems());
+    }
+    std::ranges::sort(rows, {}, [](const QQuickItem *row) { return row->mapToScene({}).y(); });
+    return rows;
+}
+
+void MainWindow::click(const QString &text) {
+    QTest::mouseClick(window, Qt::LeftButton, {}, placeOf(text));
+    settle();
+}
+
+void MainWindow::click(const QQuickItem &item) {
+    QTest::mouseClick(window, Qt::LeftButton, {},
+                      item.mapToScene(item.boundingRect().center()).toPoint());
+    settle();
+}
+
+void MainWindow::press(Qt::Key key) {
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(window, &event);
+    }
+    settle();
+}
+
+void MainWindow::type(const QString &text) {
+    for (const QChar character : text) {
+        QKeyEvent event(QEvent::KeyPress, 0, Qt::NoModifier, character);
+        QCoreApplication::sendEvent(window, &event);
+    }
+    settle();
+}
+
+QString MainWindow::focused() const {
+    const QQuickItem *at = window->activeFocusItem();
+    while (at && at->objectName().isEmpty() && !at->property("title").isValid())
+        at = at->parentItem();
+    if (!at)
+        return {};
+    return at->objectName().isEmpty() ? at->property("title").toString() : at->objectName();
+}
+
+Qt::DropAction MainWindow::drop(const QList<QUrl> &urls, Qt::DropAction proposed) {
+    QMimeData files;
+    files.setUrls(urls);
+    const QPoint middle(window->width() / 2, window->height() / 2);
+    const Qt::DropActions possible = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(middle, possible, &files, Qt::LeftButton, {});
+    enter.setDropAction(proposed);
+    QCoreApplication::sendEvent(window, &enter);
+    if (!enter.isAccepted())
+        return Qt::IgnoreAction;
+    QDropEvent drop(middle, possible, &files, Qt::LeftButton, {});
+    drop.setDropAction(proposed);
+    QCoreApplication::sendEvent(window, &drop);
+    settle();
+    return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
+}
+
+void MainWindow::waitForScan() {
+    ASSERT_TRUE(waitUntil([this] { return !bills->isScanning(); }));
+    settle();
+}
+
+QStringList MainWindow::texts() const {
+    return textsOf(*window->contentItem());
+}
+
+} // namespace tovarin

@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "model/Store.h"
+#include "platform/UserMonths.h"
+#include "tests/scan/job/ScanRun.h"
+#include "tests/support/LanguageScope.h"
+#include "tests/support/ManualClock.h"
+#include "tests/support/ManualDelay.h"
+#include "tests/support/MemoryDefaults.h"
+#include "tests/support/Samples.h"
+#include "tests/support/ScriptedPanel.h"
+#include "ui/BillScanModel.h"
+#include "ui/ContentModel.h"
+#include "ui/ContentSheets.h"
+#include "ui/MainMenu.h"
+
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+namespace tovarin {
+
+/// The main window as the program loads it, with all that it needs, in both languages. Any message
+/// of Qt's of level warning or worse fails the test.
+class MainWindow : public testing::TestWithParam<LocalizationManager::Lang> {
+protected:
+    MainWindow();
+    ~MainWindow() override;
+
+    /// Copies the file to where the list is loaded from; before open().
+    void useFile(const QString &path);
+
+    void open();
+
+    /// Waits until the window has drawn what it has to draw.
+    void settle();
+
+    QQuickItem &list() const { return item("list"); }
+    qreal aboveSight() const;
+    qreal belowSight() const;
+
+    /// The item of this name, which is there.
+    QQuickItem &item(const char *name) const;
+
+    /// The place of the first item in sight that shows the text, in the window.
+    QPoint placeOf(const QString &text) const;
+
+    /// The rows that were made and have this property, from top to bottom.
+    QList<QQuickItem *> rowsWith(const char *property) const;
+
+    void click(const QString &text);
+    void click(const QQuickItem &item);
+    void press(Qt::Key key);
+    void type(const QString &text);
+
+    /// What the keyboard is at: its title, or its name.
+    QString focused() const;
+
+    /// What the window does with files that are dropped on its middle: the action that it takes.
+    Qt::DropAction drop(const QList<QUrl> &urls, Qt::DropAction proposed = Qt::CopyAction);
+
+    void waitForScan();
+
+    QStringList texts() const;
+
+    bool isZh() const { return GetParam() == LocalizationManager::Lang::zh; }
+    QString pair(const QString &chinese, const QString &english) const {
+        return isZh() ? chinese : english;
+    }
+
+    QTemporaryDir folder;
+    LanguageScope language{GetParam()};
+    ManualClock clock{instant("2025-06-10T01:00:00Z")};
+    UserCalendar calendar = calendarIn("Asia/Shanghai");
+    UserMonths months{QStringLiteral("en_US")};
+    Bundle bundle{QStringLiteral(":/resources")};
+    ServiceLogo logos{bundle};
+    MemoryDefaults defaults;
+    ManualDelay delays;
+    std::optional<Store> store;
+    std::optional<ContentModel> content;
+    ScanJob job{standInScanner(), amply};
+    ScriptedPanel panel{{}};
+    std::optional<BillScanModel> bills;
+    std::optional<ContentSheets> sheets;
+    MainMenu menu{GetParam() == LocalizationManager::Lang::zh};
+    QQmlApplicationEngine engine;
+    QQuickWindow *window = nullptr;
+};
+
+/// Both languages, by their names.
+inline auto bothLanguages() {
+    return testing::Values(LocalizationManager::Lang::en, LocalizationManager::Lang::zh);
+}
+inline std::string languageName(const testing::TestParamInfo<LocalizationManager::Lang> &info) {
+    return info.param == LocalizationManager::Lang::zh ? "Chinese" : "English";
+}
+
+} // namespace tovarin
