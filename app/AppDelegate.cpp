@@ -40,6 +40,16 @@ constexpr int samePlace = 8;
 // is still where it opened the panel.
 constexpr auto settling = 500ms;
 
+/// Puts the layer of sheets and menus behind everything else in the order of the window's items,
+/// by which a screen reader decides what is on top. It is drawn on top in any case.
+void stackOverlayLast(const QQuickWindow &window) {
+    const QList<QQuickItem *> items = window.contentItem()->childItems();
+    for (QQuickItem *const item : items) {
+        if (item->inherits("QQuickOverlay") && item != items.last())
+            item->stackAfter(items.last());
+    }
+}
+
 bool isNear(QPoint one, QPoint other) {
     return (one - other).manhattanLength() <= samePlace;
 }
@@ -218,6 +228,7 @@ void AppDelegate::makeWindow() {
     m_window.reset(qobject_cast<QQuickWindow *>(object));
     if (!m_window)
         qFatal("The main window is missing: %s", qPrintable(component.errorString()));
+    stackOverlayLast(*m_window);
 }
 
 void AppDelegate::windowDidAppear() {

@@ -15,6 +15,7 @@
 #include "tests/support/Samples.h"
 #include "tests/ui/Texts.h"
 
+#include <QAccessible>
 #include <QCursor>
 #include <QQuickItem>
 #include <QQuickView>
@@ -256,6 +257,22 @@ TEST_P(AppDelegateTest, KeepsAnOpenSheetWhileTheWindowIsAway) {
     settle(*delegate.window());
     EXPECT_EQ(delegate.sheets().sheet(), ContentSheets::Sheet::Settings);
     EXPECT_TRUE(windowTexts().contains(isZh() ? u"[ 设置 ]"_s : u"[ SETTINGS ]"_s));
+}
+
+TEST_P(AppDelegateTest, ShowsAScreenReaderTheSheetOnTop) {
+    defaults.setBoolean(u"didCompleteQuickPick"_s, true);
+    delegate.applicationDidFinishLaunching();
+    settle(*delegate.window());
+    pressIn(*delegate.window(), isZh() ? u"设置"_s : u"Settings"_s);
+    settle(*delegate.window());
+    QAccessibleInterface *const window = QAccessible::queryAccessibleInterface(delegate.window());
+    ASSERT_TRUE(window);
+    const QPoint middle = delegate.window()->geometry().center();
+    QAccessibleInterface *hit = window->childAt(middle.x(), middle.y());
+    while (hit && hit->role() != QAccessible::Dialog)
+        hit = hit->parent();
+    ASSERT_TRUE(hit);
+    EXPECT_EQ(hit->text(QAccessible::Name), isZh() ? u"设置"_s : u"Settings"_s);
 }
 
 TEST_P(AppDelegateTest, PlansTheRemindersWheneverTheyChange) {

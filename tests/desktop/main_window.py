@@ -39,12 +39,23 @@ def configuration(session):
 
 
 def configure(session, **settings):
-    """Makes these the only settings, while the program does not run; in a name "__" is a dot."""
+    """Makes these the only settings, while the program does not run; in a name "__" is a dot. The
+    quick pick does not open by itself, unless they say that it was not gone through."""
+    settings = {"didCompleteQuickPick": "true", **settings}
     os.makedirs(os.path.dirname(configuration(session)), exist_ok=True)
     with open(configuration(session), "w", encoding="utf-8") as file:
         file.write("[General]\n")
         for name, value in settings.items():
             file.write(f"{name.replace('__', '.')}={value}\n")
+
+
+def settled(prepare=None):
+    """What prepares a session of somebody who has been through the quick pick, and then does this."""
+    def both(session):
+        configure(session)
+        if prepare:
+            prepare(session)
+    return both
 
 
 def record(number, name, start, amount, currency="CNY", **others):

@@ -9,7 +9,7 @@ program writes stays in FOLDER.
 import os
 import sys
 
-from main_window import LOCALES, SAMPLE, MainWindow, install, picture
+from main_window import LOCALES, SAMPLE, MainWindow, install, picture, settled
 from session import Session
 
 LANGUAGES = {"en": "English", "zh": "Chinese"}
@@ -29,8 +29,8 @@ def print_list(window):
 
 
 def show(program, pictures, folder, language, name, source):
-    prepare = (lambda session: install(session, source)) if source else None
-    with Session(lang=LOCALES[language], size=(960, 640), tray="none", notifications="none",
+    prepare = settled((lambda session: install(session, source)) if source else None)
+    with Session(lang=LOCALES[language], size=(1000, 700), tray="none", notifications="none",
                  wm=False, prepare=prepare, root=os.path.join(folder, name)) as desktop:
         app = desktop.start([program])
         window = MainWindow(app, language)

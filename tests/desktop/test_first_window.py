@@ -9,7 +9,7 @@ import sys
 import unittest
 
 from main_window import (LOCALES, SAMPLE, TITLES, MainWindow, data_file, install, install_bytes,
-                         picture)
+                         picture, settled)
 from session import Session
 
 PROGRAM = PICTURES = None
@@ -58,7 +58,7 @@ EMPTY_HEADS = {
 def session(language, prepare=None):
     """A desktop on which it is 10 June 2025, nine in the morning in Shanghai."""
     return Session(lang=LOCALES[language], tz="Asia/Shanghai", clock="2025-06-10 09:00:00",
-                   tray="none", notifications="none", prepare=prepare)
+                   tray="none", notifications="none", prepare=settled(prepare))
 
 
 class FirstWindow(unittest.TestCase):

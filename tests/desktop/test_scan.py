@@ -10,7 +10,7 @@ import shutil
 import sys
 import unittest
 
-from main_window import LOCALES, TITLES, MainWindow, data_file, picture
+from main_window import LOCALES, TITLES, MainWindow, data_file, picture, settled
 from session import Session, wait_for
 
 PROGRAM = PICTURES = None
@@ -20,6 +20,8 @@ SCAN = {"en": "Scan", "zh": "扫描识别"}
 NOTHING = {"en": "Nothing recognized", "zh": "没有识别到有效内容"}
 CHOOSE = {"en": "Choose bill screenshots or PDFs", "zh": "选择账单截图或 PDF"}
 CANCEL = {"en": "Cancel", "zh": "取消"}
+CONFIRM = {"en": "[ Confirm scan ]", "zh": "[ 确认识别结果 ]"}
+SAVE = {"en": "Save", "zh": "保存"}
 
 ROWS = {
     "en": ["YouTube Premium", "Video · Monthly · Charges 2025/06/26", "-¥55", "≈$7.64/mo"],
@@ -35,7 +37,7 @@ NOTES = {
 def session(language):
     """A desktop on which it is 10 June 2025, nine in the morning in Shanghai."""
     return Session(lang=LOCALES[language], tz="Asia/Shanghai", clock="2025-06-10 09:00:00",
-                   tray="none", notifications="none")
+                   tray="none", notifications="none", prepare=settled())
 
 
 def bill(desktop, sample, name):
@@ -76,7 +78,7 @@ class Scan(unittest.TestCase):
         self.assertEqual(app.wait(), 0)
         self.assertEqual(app.log(), "")
 
-    def test_chosen_bills_reach_the_list(self):
+    def test_a_chosen_bill_reaches_the_list(self):
         for language in LOCALES:
             with self.subTest(language), session(language) as desktop:
                 app, window = self.start(desktop, language)
@@ -85,7 +87,11 @@ class Scan(unittest.TestCase):
                 app.find("dialog", CHOOSE[language], timeout=10)
                 picture(desktop, os.path.join(PICTURES, f"choose-bills-{language}.png"))
                 choose(desktop, app, path, language)
-                wait_for("the draft in the list", lambda: window.count() == 1, 30)
+                app.find("label", CONFIRM[language], timeout=30)
+                picture(desktop, os.path.join(PICTURES, f"confirm-scan-{language}.png"))
+                self.assertFalse(os.path.exists(data_file(desktop)))
+                app.find("push button", SAVE[language]).click()
+                wait_for("the draft in the list", lambda: window.count() == 1)
                 row, = window.rows()
                 self.assertEqual(row, ROWS[language])
                 draft, = stored(desktop)

@@ -14,7 +14,7 @@ import time
 import unittest
 
 from main_window import (LOCALES, SAMPLE, TITLES, MainWindow, Panel, configure, data_file, install,
-                         install_records, picture, record)
+                         install_records, picture, record, settled)
 from session import Session, Tray, wait_for
 
 PROGRAM = PICTURES = None
@@ -95,7 +95,8 @@ Gtk.main()
 def session(language, prepare=None, clock="2025-06-10 09:00:00", **options):
     """A desktop with a tray on which it is 10 June 2025, nine in the morning in Shanghai."""
     return Session(lang=LOCALES[language], tz="Asia/Shanghai", clock=clock,
-                   **{"tray": "sni", "notifications": "none", "prepare": prepare, **options})
+                   **{"tray": "sni", "notifications": "none", "prepare": settled(prepare),
+                      **options})
 
 
 class Shell(unittest.TestCase):
@@ -284,7 +285,8 @@ class Panels(Shell):
             panel.wait_closed()
             second = desktop.start([PROGRAM, os.path.join(BILLS, "clean/message-1x.png")])
             self.assertEqual(second.wait(), 0)
-            wait_for("the bill in the list", lambda: window.count() == 1, 30)
+            app.find("push button", "Save", timeout=30).click()
+            wait_for("the bill in the list", lambda: window.count() == 1)
             panel = self.open_panel(desktop, app)
             self.assertEqual(panel.texts()[2:4], ["$7.64", "≈$91.67/yr · 1 active"])
             desktop.key("Escape")
