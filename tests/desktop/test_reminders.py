@@ -12,7 +12,9 @@ import time
 import unittest
 import zoneinfo
 
-from reminders import Notifier, TITLES, at, body
+from main_window import TITLES as WINDOW_TITLES
+from main_window import MainWindow, configure, install_records, record
+from reminders import TEST, TITLES, Notifier, at, body
 from session import Session, wait_for
 
 PROGRAM = NOTIFIER = None
@@ -140,6 +142,148 @@ class Notifying(Desktop):
             wait_for("Tovarin", lambda: desktop.bus.has_owner("app.tovarin.Tovarin"), 20)
             wait_for("its window", lambda: any("Tovarin" in str(window) for window
                                                in desktop.windows().values()), 20)
+
+
+# On 9 June the first two are charged in three days, the third in nine; the others have no reminder.
+RECORDS = [
+    record(0xa1, "Music Plus", "2025-01-12", 30),
+    record(2, "视频会员", "2025-02-12", 9.99, "USD"),
+    record(3, "Cloud", "2025-01-18", 5),
+    record(4, "Paused", "2025-01-12", 5, isActive=False),
+    record(5, "Bought", "2025-06-12", 5, billingType="oneTime"),
+    record(6, "Tomorrow", "2025-01-10", 5),
+]
+FIRST, SECOND, THIRD, SIXTH = (f"renew-00000000-0000-4000-8000-{number:012}"
+                               for number in (0xa1, 2, 3, 6))
+SETTINGS = {"en": "Settings", "zh": "设置"}
+SEND_TEST = {"en": "Send test notification", "zh": "发送测试通知"}
+PAUSE = {"en": "Pause", "zh": "停用"}
+
+
+class WithTovarin(Desktop):
+    """Tovarin plans, and the notifier that it starts delivers."""
+
+    def start(self, desktop, language="en", records=RECORDS, **settings):
+        """Starts Tovarin with a list, or with the one that it has, and waits for its notifier."""
+        if records is not None:
+            install_records(desktop, records)
+            configure(desktop, didCompleteQuickPick="true", **settings)
+        app = desktop.start([PROGRAM])
+        MainWindow(app, language)
+        app.wait_window(WINDOW_TITLES[language])
+        return app, Notifier(desktop).wait()
+
+    def wait_pending(self, notifier, *identifiers):
+        wait_for(lambda: f"{identifiers} pending, not {notifier.identifiers()}",
+                 lambda: notifier.identifiers() == list(identifiers), 10)
+
+    def press(self, app, name):
+        """Presses a button of a sheet; at its place the accessibility tree names what it covers."""
+        button = app.find("push button", name)
+        places = []
+
+        def is_still():
+            places.append(button.rect)
+            return len(places) > 2 and places[-1] == places[-2] == places[-3]
+        wait_for("the sheet to stand still", is_still)
+        app.s.click(*button.center())
+
+    def quit(self, desktop, app):
+        desktop.key("ctrl+q")
+        self.assertEqual(app.wait(), 0)
+        self.assertEqual(app.log(), "")
+
+    def test_arrives_on_time_after_tovarin_has_quit(self):
+        for language in LOCALES:
+            with self.subTest(language), \
+                    self.session(language, clock=DAY + " 09:59:30") as desktop:
+                app, notifier = self.start(desktop, language)
+                self.wait_pending(notifier, FIRST, SECOND, THIRD)
+                self.quit(desktop, app)
+                self.assertLess(seconds_after(desktop, "10:00:00"), 0, "the machine is too slow")
+                for arrived in desktop.notifications.wait(2, timeout=40):
+                    self.expect_in_time(desktop, arrived)
+                    self.assertEqual(arrived["summary"], TITLES[language])
+                self.assertEqual(self.bodies(desktop),
+                                 [body(language, "Music Plus", "¥30", 3),
+                                  body(language, "视频会员", "$9.99", 3)])
+                self.wait_pending(notifier, THIRD)
+                # Another start does not bring back what was delivered.
+                app, notifier = self.start(desktop, language, None)
+                self.wait_pending(notifier, THIRD)
+                self.assertEqual(len(desktop.notifications.all), 2)
+                self.quit(desktop, app)
+
+    def test_arrives_once_though_the_notifier_is_killed(self):
+        with self.session(clock=DAY + " 09:59:30") as desktop:
+            app, notifier = self.start(desktop)
+            self.wait_pending(notifier, FIRST, SECOND, THIRD)
+            first = notifier.pid()
+            os.kill(first, signal.SIGKILL)
+            wait_for("another notifier", lambda: notifier.is_running()
+                     and notifier.pid() != first)
+            self.wait_pending(notifier, FIRST, SECOND, THIRD)
+            arrived = desktop.notifications.wait(2, timeout=40)
+            self.expect_in_time(desktop, arrived[0])
+            os.kill(notifier.pid(), signal.SIGKILL)
+            wait_for("the notifier's end", lambda: not notifier.is_running())
+            self.start_notifier(desktop)
+            self.assertEqual(notifier.identifiers(), [THIRD])
+            self.assertEqual(len(desktop.notifications.all), 2)
+            self.quit(desktop, app)
+
+    def test_keeps_the_count_of_days_that_is_set(self):
+        for days, pending in (("0", (FIRST, SECOND, THIRD, SIXTH)),
+                              ("-2", (FIRST, SECOND, THIRD, SIXTH)),
+                              ("7", (THIRD,)), ("many", (FIRST, SECOND, THIRD))):
+            with self.subTest(days), self.session() as desktop:
+                app, notifier = self.start(desktop, remindDaysBefore=days)
+                self.wait_pending(notifier, *pending)
+                self.assertEqual(notifier.pending()[0]["body"].partition(". ")[0], {
+                    "0": "Music Plus will be charged ¥30 today",
+                    "-2": "Music Plus will be charged ¥30 today",
+                    "7": "Cloud will be charged ¥5 in 7 days",
+                    "many": "Music Plus will be charged ¥30 in 3 days"}[days])
+                self.quit(desktop, app)
+
+    def test_forgets_what_is_paused(self):
+        for language in LOCALES:
+            with self.subTest(language), self.session(language) as desktop:
+                app, notifier = self.start(desktop, language, RECORDS[:1])
+                self.wait_pending(notifier, FIRST)
+                window = MainWindow(app, language)
+                rows = [element for element in window.list.children
+                        if (element.role, element.name) == ("list item", "Music Plus")]
+                rows[0].click()
+                self.press(app, PAUSE[language])
+                self.wait_pending(notifier)
+                wait_for("ten o'clock", lambda: seconds_after(desktop, "10:00:02") > 0, 20)
+                self.assertEqual(desktop.notifications.all, [])
+
+    def test_sends_the_test_of_the_settings_also_while_in_front(self):
+        for language in LOCALES:
+            with self.subTest(language), \
+                    self.session(language, clock=DAY + " 12:00:00") as desktop:
+                app, _ = self.start(desktop, language, RECORDS[:1])
+                app.find("push button", SETTINGS[language]).click()
+                pressed = time.monotonic()
+                self.press(app, SEND_TEST[language])
+                arrived = desktop.notifications.wait(timeout=10)[0]
+                self.assertGreaterEqual(arrived["mono"] - pressed, 2.9)
+                self.assertLess(arrived["mono"] - pressed, 3 + MOST_SECONDS_LATE)
+                self.assertEqual((arrived["summary"], arrived["body"]), TEST[language])
+                self.assertEqual(len(desktop.notifications.all), 1)
+
+    def test_comes_to_the_front_when_clicked(self):
+        with self.session(clock=DAY + " 09:59:45") as desktop:
+            app, notifier = self.start(desktop)
+            self.wait_pending(notifier, FIRST, SECOND, THIRD)
+            arrived = desktop.notifications.wait(2, timeout=30)
+            desktop.key("ctrl+h")
+            wait_for("no window in sight", lambda: not app.windows())
+            desktop.notifications.invoke(arrived[0]["id"])
+            app.wait_window(WINDOW_TITLES["en"])
+            self.quit(desktop, app)
 
 
 if __name__ == "__main__":
