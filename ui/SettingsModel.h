@@ -22,9 +22,9 @@ class SettingsModel final : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("The program makes one when the sheet opens.")
-    Q_PROPERTY(QStringList langNames READ langNames NOTIFY langChanged FINAL)
+    Q_PROPERTY(QList<QString> langNames READ langNames NOTIFY langChanged FINAL)
     Q_PROPERTY(int langIndex READ langIndex NOTIFY langChanged FINAL)
-    Q_PROPERTY(QStringList dayNames READ dayNames NOTIFY langChanged FINAL)
+    Q_PROPERTY(QList<QString> dayNames READ dayNames NOTIFY langChanged FINAL)
     Q_PROPERTY(int dayIndex READ dayIndex NOTIFY remindDaysBeforeChanged FINAL)
     Q_PROPERTY(bool testSent READ testSent NOTIFY testSentChanged FINAL)
 

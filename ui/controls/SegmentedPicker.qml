@@ -56,7 +56,7 @@ FocusScope {
 
         // As wide as the widest each, or as the place allows; where that cuts the widest short, each
         // by its text.
-        readonly property list<real> widths: {
+        readonly property var widths: {
             const widths = [];
             for (let i = 0; i < segments.count; ++i)
                 widths.push(segments.itemAt(i)?.implicitWidth ?? 0);
