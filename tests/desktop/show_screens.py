@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: The Tovarin developers
 # SPDX-License-Identifier: MIT
 """show_screens.py PROGRAM PICTURES FOLDER: starts Tovarin on a display that nobody sees, in English
-and in Chinese, with the sample list and with none. Leaves a picture of each window in the folder
+and in Chinese, with the sample list and with none. Leaves a picture of each screen in the folder
 PICTURES and prints what the program says, read from it as a screen reader reads it. All that the
 program writes stays in FOLDER.
 """
@@ -13,6 +13,14 @@ from main_window import LOCALES, SAMPLE, MainWindow, install, picture, settled
 from session import Session
 
 LANGUAGES = {"en": "English", "zh": "Chinese"}
+
+# Each sheet, the button that opens it, and the one that closes it.
+SHEETS = {
+    "en": [("editor", "Add", "Cancel"), ("quick-pick", "Quick pick", "Skip"),
+           ("settings", "Settings", "Close")],
+    "zh": [("editor", "添加订阅", "取消"), ("quick-pick", "快选", "跳过"), ("settings", "设置", "关闭")],
+}
+DETAIL_CLOSE = {"en": "Close", "zh": "关闭"}
 
 
 def print_list(window):
@@ -28,17 +36,36 @@ def print_list(window):
         print("    " + "   ".join(row))
 
 
+def leave_picture(desktop, pictures, name):
+    path = os.path.join(pictures, name + ".png")
+    picture(desktop, path)
+    print(f"  picture: {os.path.relpath(path)}")
+
+
+def leave_pictures_of_sheets(desktop, app, window, pictures, language):
+    for sheet, opening, closing in SHEETS[language]:
+        window.frame.find("push button", opening).do()
+        app.find("dialog")
+        leave_picture(desktop, pictures, f"{sheet}-{language}")
+        app.find("push button", closing).do()
+        app.gone("dialog")
+    window.frame.find("list item", "Quillbird Pro").do("Press")
+    app.find("dialog")
+    leave_picture(desktop, pictures, f"detail-{language}")
+    app.find("push button", DETAIL_CLOSE[language]).do()
+
+
 def show(program, pictures, folder, language, name, source):
     prepare = settled((lambda session: install(session, source)) if source else None)
     with Session(lang=LOCALES[language], size=(1000, 700), tray="none", notifications="none",
                  wm=False, prepare=prepare, root=os.path.join(folder, name)) as desktop:
         app = desktop.start([program])
         window = MainWindow(app, language)
-        path = os.path.join(pictures, name + ".png")
-        picture(desktop, path)
-        print(f"  picture: {os.path.relpath(path)}")
+        leave_picture(desktop, pictures, name)
         if source:
             print_list(window)
+            window.list.scroll(-20)
+            leave_pictures_of_sheets(desktop, app, window, pictures, language)
         else:
             print("  says:    " + "   ".join(window.head()[-2:]))
 
