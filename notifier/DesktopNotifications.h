@@ -15,13 +15,13 @@
 
 namespace tovarin {
 
-/// The desktop's notifications: freedesktop.org's "Desktop Notifications Specification" 1.2, over
+/// The desktop's notifications: freedesktop.org's "Desktop Notifications" 1.2, over
 /// the session bus. The bus starts the service where it can.
 ///
 /// A notification comes from "Tovarin", with its icon and its `desktop-entry`. Its sound is the
 /// sound theme's "message-new-instant" (`sound-name`), or `suppress-sound`; one that is not to stay
 /// in the list is `transient`; one that is not to pop up has the low urgency, which is as near as
-/// the specification comes to that. Where the service reads markup, the body is escaped: a name may
+/// its rules come to that. Where the service reads markup, the body is escaped: a name may
 /// hold "<" and "&". A click is the action "default", offered where the service has actions; its
 /// label, which few show, is the program's name, the same in every language.
 ///

@@ -2,9 +2,11 @@
 # SPDX-License-Identifier: MIT
 """The notifier of a session, spoken with over D-Bus, and what the reminders say."""
 import json
+import os
+import signal
 
 from gi.repository import GLib
-from session import wait_for
+from session import forget_clock, wait_for
 
 SERVICE = "app.tovarin.Tovarin.Notifier"
 PATH = "/app/tovarin/Tovarin/Notifier"
@@ -45,8 +47,18 @@ class Notifier:
         wait_for("the notifier", self.is_running)
         return self
 
-    def wait_left(self):
-        wait_for("the notifier to leave", lambda: not self.is_running(), 15)
+    def kill(self):
+        """Kills it; returns once the bus knows, or has another one."""
+        pid = self.pid()
+
+        def is_gone():
+            try:
+                return self.pid() != pid
+            except GLib.Error:
+                return True
+        os.kill(pid, signal.SIGKILL)
+        wait_for("the notifier's end", is_gone)
+        forget_clock(pid)
 
     def change(self, *changes):
         """How many requests are pending afterwards."""

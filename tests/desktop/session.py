@@ -799,6 +799,13 @@ class App(Element):
 
 # ------------------------------------------------------------------------------------------ session
 
+def forget_clock(pid):
+    """Takes away what libfaketime leaves behind when a program is killed."""
+    for f in (f"/dev/shm/faketime_shm_{pid}", f"/dev/shm/sem.faketime_sem_{pid}"):
+        if os.path.exists(f):
+            os.unlink(f)
+
+
 class Session:
     """tray: "sni" (own StatusNotifier host without a visible panel, see Tray), "panel" (a real panel, lxqt-panel, with
     the icon on it), "trayer" (only the old XEmbed protocol), "none".   notifications: "record", "dunst", "none".
@@ -934,15 +941,14 @@ class Session:
                 p.wait(3)
             except subprocess.TimeoutExpired:
                 p.kill(); p.wait()
-        for pid in self._left_over():        # grandchildren: known by the mark in their environment
+        left = list(self._left_over())       # grandchildren: known by the mark in their environment
+        for pid in left:
             try:
                 os.kill(pid, signal.SIGKILL)
             except ProcessLookupError:
                 pass
-        for p in self.procs:                 # libfaketime leaves these behind when a program is killed
-            for f in (f"/dev/shm/faketime_shm_{p.pid}", f"/dev/shm/sem.faketime_sem_{p.pid}"):
-                if os.path.exists(f):
-                    os.unlink(f)
+        for pid in [p.pid for p in self.procs] + left:
+            forget_clock(pid)
         self.procs = []
         if not self.keep:
             shutil.rmtree(self.root, ignore_errors=True)

@@ -6,7 +6,6 @@ runs, with a clock that is about to reach ten, and looks at what arrives.
 """
 import datetime
 import os
-import signal
 import sys
 import time
 import unittest
@@ -87,14 +86,12 @@ class Notifying(Desktop):
             _, notifier = self.start_notifier(desktop)
             notifier.add(at(DAY, "renew-1", "first"), at("2025-06-10", "renew-2", "second"))
             for _ in range(3):
-                os.kill(notifier.pid(), signal.SIGKILL)
-                wait_for("the notifier's end", lambda: not notifier.is_running())
+                notifier.kill()
                 self.start_notifier(desktop)
             arrived = desktop.notifications.wait(timeout=20)[0]
             self.expect_in_time(desktop, arrived)
             for _ in range(3):
-                os.kill(notifier.pid(), signal.SIGKILL)
-                wait_for("the notifier's end", lambda: not notifier.is_running())
+                notifier.kill()
                 self.start_notifier(desktop)
                 self.assertEqual(notifier.identifiers(), ["renew-2"])
             self.assertEqual(self.bodies(desktop), ["first"])
@@ -104,8 +101,7 @@ class Notifying(Desktop):
             _, notifier = self.start_notifier(desktop)
             notifier.add(at(DAY, "renew-1", "first"), at("2025-06-10", "renew-2", "second"),
                          at("2025-06-20", "renew-3", "third"))
-            os.kill(notifier.pid(), signal.SIGKILL)
-            wait_for("the notifier's end", lambda: not notifier.is_running())
+            notifier.kill()
             desktop.clock.set("2025-06-12 18:00:00")
             self.start_notifier(desktop)
             desktop.notifications.wait(2)
@@ -219,14 +215,13 @@ class WithTovarin(Desktop):
             app, notifier = self.start(desktop)
             self.wait_pending(notifier, FIRST, SECOND, THIRD)
             first = notifier.pid()
-            os.kill(first, signal.SIGKILL)
+            notifier.kill()
             wait_for("another notifier", lambda: notifier.is_running()
                      and notifier.pid() != first)
             self.wait_pending(notifier, FIRST, SECOND, THIRD)
             arrived = desktop.notifications.wait(2, timeout=40)
             self.expect_in_time(desktop, arrived[0])
-            os.kill(notifier.pid(), signal.SIGKILL)
-            wait_for("the notifier's end", lambda: not notifier.is_running())
+            notifier.kill()
             self.start_notifier(desktop)
             self.assertEqual(notifier.identifiers(), [THIRD])
             self.assertEqual(len(desktop.notifications.all), 2)
