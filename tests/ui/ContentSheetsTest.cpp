@@ -302,6 +302,14 @@ TEST_F(ContentSheetsTest, OfferTheQuickPickOnceForTwoCalls) {
     EXPECT_EQ(sheets.sheet(), Sheet::None);
 }
 
+TEST_F(ContentSheetsTest, OfferNoQuickPickWhileItIsShown) {
+    sheets.showQuickPick();
+    sheets.offerQuickPickIfNeeded();
+    sheets.dismiss();
+    delays.pass(400ms);
+    EXPECT_EQ(sheets.sheet(), Sheet::None);
+}
+
 TEST_F(ContentSheetsTest, LetTheOfferWaitForItsTurn) {
     sheets.offerQuickPickIfNeeded();
     sheets.showEditor();
