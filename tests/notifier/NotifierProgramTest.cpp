@@ -23,6 +23,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
 #include <memory>
 #include <optional>
@@ -162,6 +163,20 @@ protected:
         EXPECT_TRUE(waitFor([&] { return told.has_value(); }));
         return told.value_or(QStringList(u"no answer"_s));
     }
+    /// Whether the bus is to tell the notifier of this signal.
+    bool listensTo(const QString &signal) const {
+        const QDBusMessage reply = connection->call(QDBusMessage::createMethodCall(
+            u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+            u"org.freedesktop.DBus.Debug.Stats"_s, u"GetAllMatchRules"_s));
+        EXPECT_EQ(reply.type(), QDBusMessage::ReplyMessage);
+        const auto rules = qdbus_cast<QMap<QString, QStringList>>(
+            reply.arguments().value(0).value<QDBusArgument>());
+        const QString owner = connection->interface()->serviceOwner(service);
+        EXPECT_TRUE(rules.contains(owner));
+        return std::ranges::any_of(rules[owner],
+                                   [&](const QString &rule) { return rule.contains(signal); });
+    }
+
     QDBusPendingCall send(const QString &method, const QVariantList &arguments) const {
         QDBusMessage message = QDBusMessage::createMethodCall(
             service, NotificationMessages::objectPath, NotificationMessages::interface, method);
@@ -329,6 +344,23 @@ TEST_F(NotifierProgramTest, BringsTovarinToTheFrontWhenClicked) {
     EXPECT_TRUE(waitFor([this] { return desktop->activations.size() == 2; }));
     EXPECT_EQ(desktop->activations, (QStringList{u"token"_s, QString()}));
     EXPECT_TRUE(waitForEnd());
+}
+
+TEST_F(NotifierProgramTest, ListensToTheServiceOnlyWhileSomethingIsShown) {
+    desktop->appear();
+    center->add(after(1h, u"later"_s, u"later"_s));
+    EXPECT_EQ(pending(), QStringList(u"later"_s));
+    EXPECT_FALSE(listensTo(u"NotificationClosed"_s));
+    center->add(after(10ms, u"a"_s, u"one"_s));
+    ASSERT_TRUE(waitForPosts(1));
+    EXPECT_EQ(pending(), QStringList(u"later"_s));
+    for (const auto &signal : {u"NotificationClosed"_s, u"ActionInvoked"_s, u"ActivationToken"_s})
+        EXPECT_TRUE(listensTo(signal)) << signal.toStdString();
+    desktop->close(1);
+    EXPECT_TRUE(waitFor([this] {
+        return !listensTo(u"NotificationClosed"_s) && !listensTo(u"ActionInvoked"_s) &&
+               !listensTo(u"ActivationToken"_s);
+    })) << "everybody's notifications would wake it";
 }
 
 TEST_F(NotifierProgramTest, RefusesWhatIsNoChange) {
