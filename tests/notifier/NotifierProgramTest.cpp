@@ -418,11 +418,18 @@ TEST_F(NotifierProgramTest, LeavesTheFileToTheOneOfAnotherSession) {
     ASSERT_TRUE(QDir().mkpath(state.filePath(u"Tovarin"_s)));
     FileLock lock(state.filePath(u"Tovarin/notifier.lock"_s));
     ASSERT_EQ(lock.take(), FileLock::Result::taken);
+    // Whoever reads this sets it aside.
+    QFile file(state.filePath(u"Tovarin/notifications.json"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("damaged");
+    file.close();
     QProcess program;
     program.start(QString::fromUtf8(TOVARIN_NOTIFIER), QStringList());
     EXPECT_TRUE(waitFor([&] { return program.state() == QProcess::NotRunning; }));
     EXPECT_EQ(program.exitCode(), 0);
     EXPECT_FALSE(isRunning());
+    EXPECT_EQ(QDir(state.filePath(u"Tovarin"_s)).entryList(QDir::Files),
+              (QStringList{u"notifications.json"_s, u"notifier.lock"_s}));
 }
 
 TEST_F(NotifierProgramTest, IsStartedByTheBusThatKnowsIt) {
