@@ -259,6 +259,17 @@ TEST_P(AppDelegateTest, KeepsAnOpenSheetWhileTheWindowIsAway) {
     EXPECT_TRUE(windowTexts().contains(isZh() ? u"[ 设置 ]"_s : u"[ SETTINGS ]"_s));
 }
 
+TEST_P(AppDelegateTest, TellsTheOpenSheetOfAnotherDay) {
+    defaults.setBoolean(u"didCompleteQuickPick"_s, true);
+    delegate.applicationDidFinishLaunching();
+    settle(*delegate.window());
+    pressIn(*delegate.window(), isZh() ? u"添加订阅"_s : u"Add"_s);
+    ASSERT_TRUE(delegate.sheets().editor());
+    const QSignalSpy dates(delegate.sheets().editor(), &SubscriptionEditModel::startDateChanged);
+    delegate.noticeDay();
+    EXPECT_EQ(dates.size(), 1);
+}
+
 TEST_P(AppDelegateTest, ShowsAScreenReaderTheSheetOnTop) {
     defaults.setBoolean(u"didCompleteQuickPick"_s, true);
     delegate.applicationDidFinishLaunching();
@@ -281,6 +292,9 @@ TEST_P(AppDelegateTest, PlansTheRemindersWheneverTheyChange) {
     EXPECT_TRUE(center.requests.isEmpty());
     delegate.applicationDidFinishLaunching();
     EXPECT_EQ(center.calls.first(), u"authorize"_s);
+    // For the window that appears, and for the start.
+    EXPECT_EQ(center.calls.count(u"authorize"_s), 2);
+    EXPECT_EQ(center.calls.count(u"remove all"_s), 2);
     ASSERT_EQ(center.requests.size(), 1);
     EXPECT_TRUE(center.requests.first().body.contains(u"Morning Run"_s));
     EXPECT_TRUE(center.requests.first().body.contains(isZh() ? u"5 天后"_s : u"in 5 days"_s))
