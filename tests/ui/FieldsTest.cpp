@@ -300,6 +300,24 @@ TEST_F(NumberField, StartsAnewAfterReturn) {
     EXPECT_EQ(stage.value("number", "horizontalAlignment").toInt(), int(Qt::AlignRight));
 }
 
+TEST_F(NumberField, IsFilledByAScreenReader) {
+    Stage stage(number + field);
+    QAccessibleInterface *const seen = Stage::accessible(stage.item("number"));
+    for (const bool hasKeyboard : {false, true}) {
+        if (hasKeyboard)
+            stage.click(stage.item("number"));
+        seen->setText(QAccessible::Value, u"12.5"_s);
+        EXPECT_EQ(stage.value("number", "value"), 12.5);
+        seen->setText(QAccessible::Value, u"1,000"_s);
+        EXPECT_EQ(stage.value("number", "value"), 1000);
+        seen->setText(QAccessible::Value, u"12x"_s);
+        EXPECT_EQ(stage.value("number", "value"), hasKeyboard ? 9.99 : 1000);
+        EXPECT_FALSE(stage.value("number", "acceptable").toBool());
+        stage.click(stage.item("field"));
+        stage.object("number").setProperty("value", 9.99);
+    }
+}
+
 TEST_F(NumberField, FollowsTheNumber) {
     Stage stage(number + field);
     stage.object("number").setProperty("value", 1234567.25);

@@ -24,9 +24,13 @@ TextField {
 
     // What it was when the typing began: a text that is no number stands for it.
     property real valueBefore: 0
+    property bool showing: false
 
     function showValue() {
+        valueBefore = value;
+        showing = true;
         text = UserNumbers.text(value);
+        showing = false;
     }
 
     Component.onCompleted: showValue()
@@ -34,15 +38,12 @@ TextField {
         if (!activeFocus)
             showValue();
     }
-    onActiveFocusChanged: {
-        valueBefore = value;
-        showValue();
-    }
-    onAccepted: {
-        valueBefore = value;
-        showValue();
-    }
-    onTextEdited: {
+    onActiveFocusChanged: showValue()
+    onAccepted: showValue()
+    // By a screen reader, too, which puts a text in without typing it.
+    onTextChanged: {
+        if (showing)
+            return;
         const typed = UserNumbers.value(text);
         edited(typed === undefined ? valueBefore : typed);
     }
