@@ -38,7 +38,7 @@ class SessionNotificationCenter final : public QObject, public NotificationCente
 
 public:
     /// How long the destructor may wait until the notifier has what it was not told yet.
-    static constexpr std::chrono::seconds parting{2};
+    static constexpr std::chrono::milliseconds parting{700};
 
     /// `notifierProgram` is the path of tovarin-notifier, empty to leave starting it to the bus.
     SessionNotificationCenter(QString bundleIdentifier, const QDBusConnection &bus,
