@@ -966,7 +966,9 @@ class Session:
 
     # -- mouse, keyboard, screen
     def xdotool(self, *args):
-        return subprocess.run(["xdotool", *map(str, args)], env=self.env, check=True, capture_output=True, text=True).stdout.strip()
+        # It reads what it is to type by its locale, and that of the session need not exist on the machine.
+        env = {**self.env, "LC_ALL": "C.UTF-8"}
+        return subprocess.run(["xdotool", *map(str, args)], env=env, check=True, capture_output=True, text=True).stdout.strip()
 
     def move(self, x, y):
         self.xdotool("mousemove", "--sync" if (x, y) != self.pointer() else "--", x, y)
