@@ -22,7 +22,8 @@ Flickable {
     contentHeight: column.y + column.implicitHeight + margin
     clip: true
     boundsBehavior: Flickable.StopAtBounds
-    Accessible.ignored: true
+    // What is scrolled out of it would otherwise cover the header, for a screen reader.
+    Accessible.role: Accessible.Pane
 
     ScrollBar.vertical: ScrollBar {}
 

@@ -769,6 +769,23 @@ TEST_P(QuickPickTest, TellsTheCellsToAScreenReader) {
     EXPECT_EQ(tiers->text(QAccessible::Description), u"50GB · ¥6"_s);
 }
 
+TEST_P(QuickPickTest, HidesWhatIsScrolledAwayFromAScreenReader) {
+    open();
+    item("cells").setProperty("contentY", 100);
+    stage->settle();
+    for (const char *covering : {"region", "skip"}) {
+        const QPoint point = Stage::accessible(item(covering))->rect().center();
+        QAccessibleInterface *hit = Stage::accessible(item(covering));
+        while (hit && hit->role() != QAccessible::Dialog)
+            hit = hit->parent();
+        ASSERT_TRUE(hit);
+        while (QAccessibleInterface *const inner = hit->childAt(point.x(), point.y()))
+            hit = inner;
+        EXPECT_NE(hit->role(), QAccessible::CheckBox) << hit->text(QAccessible::Name).toStdString();
+        EXPECT_TRUE(hit->rect().contains(point));
+    }
+}
+
 TEST_P(QuickPickTest, TellsTheReviewToAScreenReader) {
     open();
     pick->toggle(preset(u"iqiyi"_s));

@@ -38,7 +38,9 @@ void tell(QAccessibleInterface &seen, QStringList &told) {
         if (actions->actionNames().contains(QAccessibleActionInterface::toggleAction()))
             words.append(u"[toggle]"_s);
     }
-    told.append(words.join(u' '));
+    // A pane says nothing itself.
+    if (seen.role() != QAccessible::Pane)
+        told.append(words.join(u' '));
     for (int i = 0; i < seen.childCount(); ++i)
         tell(*seen.child(i), told);
 }
