@@ -16,6 +16,8 @@ FocusScope {
     implicitWidth: 500
     implicitHeight: 660
 
+    Keys.onPressed: event => middle.scroll(event)
+
     RowLayout {
         id: header
 
@@ -41,120 +43,119 @@ FocusScope {
         }
     }
 
-    Flickable {
+    ScrollArea {
+        id: middle
+
+        objectName: "middle"
         anchors.top: header.bottom
-        anchors.topMargin: 14
+        anchors.topMargin: 8
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 2
         anchors.left: parent.left
         anchors.right: parent.right
-        contentHeight: sections.height + 24
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
-        Accessible.ignored: true
+        spacing: 24
 
-        ScrollBar.vertical: ScrollBar {}
-
+        EntryButton {
+            objectName: "quickPick"
+            Layout.fillWidth: true
+            focus: true
+            icon.name: "square.grid.2x2"
+            title: root.isZh ? "快选常见服务" : "Quick add services"
+            subtitle: root.isZh ? "国内 / 国际两套清单，勾选即添加"
+                                : "China & global lists — check to add"
+            onClicked: root.settings.quickPick()
+        }
         ColumnLayout {
-            id: sections
+            Layout.fillWidth: true
+            spacing: 10
 
-            x: 24
-            width: parent.width - 48
-            spacing: 24
-
-            EntryButton {
-                objectName: "quickPick"
+            ThemeText {
                 Layout.fillWidth: true
-                focus: true
-                icon.name: "square.grid.2x2"
-                title: root.isZh ? "快选常见服务" : "Quick add services"
-                subtitle: root.isZh ? "国内 / 国际两套清单，勾选即添加"
-                                    : "China & global lists — check to add"
-                onClicked: root.settings.quickPick()
+                text: root.isZh ? "语言" : "Language"
+                font.pixelSize: 14
+                font.weight: Font.DemiBold
             }
-            ColumnLayout {
+            SegmentedPicker {
+                objectName: "language"
                 Layout.fillWidth: true
-                spacing: 10
-
-                ThemeText {
-                    Layout.fillWidth: true
-                    text: root.isZh ? "语言" : "Language"
-                    font.pixelSize: 14
-                    font.weight: Font.DemiBold
-                }
-                SegmentedPicker {
-                    objectName: "language"
-                    Layout.fillWidth: true
-                    label: root.isZh ? "语言" : "Language"
-                    labels: root.settings.langNames
-                    currentIndex: root.settings.langIndex
-                    onActivated: index => root.settings.chooseLang(index)
-                }
+                label: root.isZh ? "语言" : "Language"
+                labels: root.settings.langNames
+                currentIndex: root.settings.langIndex
+                onActivated: index => root.settings.chooseLang(index)
             }
-            ColumnLayout {
+        }
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 10
+
+            ThemeText {
                 Layout.fillWidth: true
-                spacing: 10
+                text: root.isZh ? "续费提醒" : "Renewal reminders"
+                font.pixelSize: 14
+                font.weight: Font.DemiBold
+            }
+            HUDSurface {
+                Layout.fillWidth: true
+                implicitHeight: reminders.implicitHeight + 28
 
-                ThemeText {
-                    Layout.fillWidth: true
-                    text: root.isZh ? "续费提醒" : "Renewal reminders"
-                    font.pixelSize: 14
-                    font.weight: Font.DemiBold
-                }
-                HUDSurface {
-                    Layout.fillWidth: true
-                    implicitHeight: reminders.implicitHeight + 28
+                ColumnLayout {
+                    id: reminders
 
-                    ColumnLayout {
-                        id: reminders
+                    anchors.fill: parent
+                    anchors.margins: 14
+                    spacing: 14
 
-                        anchors.fill: parent
-                        anchors.margins: 14
-                        spacing: 14
-
-                        ThemeText {
-                            Layout.fillWidth: true
-                            text: root.isZh ? "提前几天提醒我" : "Remind me how many days ahead"
-                            font.pixelSize: 13
-                        }
-                        SegmentedPicker {
-                            objectName: "days"
-                            Layout.fillWidth: true
-                            label: root.isZh ? "提前几天提醒我" : "Remind me how many days ahead"
-                            labels: root.settings.dayNames
-                            currentIndex: root.settings.dayIndex
-                            onActivated: index => root.settings.chooseDays(index)
-                        }
-                        Note {
-                            text: root.isZh
-                                  ? "每次到点会在上午 10:00 发送系统通知，提醒你即将扣费的订阅。"
-                                  : "A system notification is sent at 10:00 AM to remind you of upcoming charges."
-                        }
-                        SoftButton {
-                            objectName: "test"
-                            Layout.fillWidth: true
-                            title: root.settings.testSent
-                                   ? (root.isZh ? "已发送，请留意通知"
-                                                : "Sent — check notifications")
-                                   : root.isZh ? "发送测试通知" : "Send test notification"
-                            onClicked: root.settings.sendTest()
-                        }
-                        Note {
-                            text: root.isZh
-                                  ? "若收不到通知，请到「系统设置 → 通知 → Tovarin」中允许通知。"
-                                  : "If you don't see notifications, allow them in System Settings → Notifications → Tovarin."
-                        }
+                    ThemeText {
+                        Layout.fillWidth: true
+                        text: root.isZh ? "提前几天提醒我" : "Remind me how many days ahead"
+                        font.pixelSize: 13
+                    }
+                    SegmentedPicker {
+                        objectName: "days"
+                        Layout.fillWidth: true
+                        label: root.isZh ? "提前几天提醒我" : "Remind me how many days ahead"
+                        labels: root.settings.dayNames
+                        currentIndex: root.settings.dayIndex
+                        onActivated: index => root.settings.chooseDays(index)
+                    }
+                    Note {
+                        text: root.isZh
+                              ? "每次到点会在上午 10:00 发送系统通知，提醒你即将扣费的订阅。"
+                              : "A system notification is sent at 10:00 AM to remind you of upcoming charges."
+                    }
+                    SoftButton {
+                        objectName: "test"
+                        Layout.fillWidth: true
+                        title: root.settings.testSent
+                               ? (root.isZh ? "已发送，请留意通知"
+                                            : "Sent — check notifications")
+                               : root.isZh ? "发送测试通知" : "Send test notification"
+                        onClicked: root.settings.sendTest()
+                    }
+                    Note {
+                        text: root.isZh
+                              ? "若收不到通知，请到「系统设置 → 通知 → Tovarin」中允许通知。"
+                              : "If you don't see notifications, allow them in System Settings → Notifications → Tovarin."
                     }
                 }
             }
         }
+    }
+    Rectangle {
+        anchors.top: middle.top
+        width: parent.width
+        height: 1
+        color: Theme.hairline
+        visible: middle.contentY > 0
     }
 
     component Note: ThemeText {
         Layout.fillWidth: true
         color: Theme.textSecondary
         font.pixelSize: 12
-        lineHeight: 1.25
+        // The arrows come from another font, whose lines are higher.
+        lineHeight: 20
+        lineHeightMode: Text.FixedHeight
         wrapMode: Text.Wrap
         maximumLineCount: 4
     }
