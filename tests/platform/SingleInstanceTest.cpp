@@ -6,6 +6,7 @@
 #include "tests/platform/PrivateBus.h"
 #include "tests/support/Printing.h"
 #include "tests/support/VariableTable.h"
+#include "tests/support/WaitFor.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -15,19 +16,17 @@
 #include <QDBusPendingReply>
 #include <QDBusReply>
 #include <QDBusVirtualObject>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <QXmlStreamReader>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -41,8 +40,6 @@ namespace {
 using enum SingleInstance::Outcome;
 using Table = QMap<QByteArray, QByteArray>;
 
-constexpr std::chrono::seconds amply{60};
-
 const QString name = u"app.tovarin.Tovarin"_s;
 const QString path = u"/app/tovarin/Tovarin"_s;
 const QString interface = u"org.freedesktop.Application"_s;
@@ -52,19 +49,6 @@ const QString withoutBus = u"Tovarin is already running, and without a session b
 const QString otherSession = u"Tovarin is already running in another session of yours."_s;
 const QString noAnswer = u"Tovarin is running, but does not answer."_s;
 const QString badAnswer = u"Tovarin is running, but cannot be brought to the front."_s;
-
-/// Runs the event loop until the condition holds; false when that takes too long.
-bool waitUntil(const std::function<bool()> &condition) {
-    const QDeadlineTimer deadline(amply);
-    QTimer alarm; // Looks again at least so often.
-    alarm.start(std::chrono::milliseconds(50));
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return true;
-}
 
 /// What an instance has told, as lines: "activated TOKEN", "open TOKEN URL URL".
 class Listener {
@@ -107,7 +91,7 @@ public:
     }
     ~Start() {
         m_process.closeWriteChannel();
-        EXPECT_TRUE(waitUntil([this] { return m_process.state() == QProcess::NotRunning; }));
+        EXPECT_TRUE(waitFor([this] { return m_process.state() == QProcess::NotRunning; }));
     }
     Start(const Start &) = delete;
     Start &operator=(const Start &) = delete;
@@ -115,7 +99,7 @@ public:
     void go() { EXPECT_EQ(m_process.write("\n"), 1); }
     /// Empty when the process has ended instead.
     QString line() {
-        EXPECT_TRUE(waitUntil([this] {
+        EXPECT_TRUE(waitFor([this] {
             return m_process.canReadLine() || m_process.state() == QProcess::NotRunning;
         }));
         QString line = QString::fromUtf8(m_process.readLine());
@@ -167,7 +151,7 @@ public:
     /// The name of the error that is the answer; empty for a good one.
     QString call(const QString &method, const QVariantList &arguments) const {
         const QDBusPendingCall call = send(method, arguments);
-        EXPECT_TRUE(waitUntil([&] { return call.isFinished(); }));
+        EXPECT_TRUE(waitFor([&] { return call.isFinished(); }));
         return call.error().name();
     }
 
@@ -237,7 +221,7 @@ TEST_F(SingleInstanceTest, GivesTheNameToTheFirst) {
         EXPECT_EQ(peer.take(QDBusConnectionInterface::ReplaceExistingService),
                   QDBusConnectionInterface::ServiceNotRegistered);
     }
-    EXPECT_TRUE(waitUntil([&] { return !peer.isOwned(); }));
+    EXPECT_TRUE(waitFor([&] { return !peer.isOwned(); }));
     SingleInstance next(variables(onBus()));
     EXPECT_EQ(next.claim({}), first);
 }
@@ -269,7 +253,7 @@ TEST_F(SingleInstanceTest, BringsTheFirstToTheFront) {
     for (const auto &[environment, told] : cases) {
         Start start(onBus(environment), home());
         ASSERT_EQ(start.outcome(), u"handed over"_s);
-        EXPECT_TRUE(waitUntil([&] { return !listener.told.isEmpty(); }));
+        EXPECT_TRUE(waitFor([&] { return !listener.told.isEmpty(); }));
         EXPECT_EQ(listener.told, QStringList(told));
         listener.told.clear();
     }
@@ -284,7 +268,7 @@ TEST_F(SingleInstanceTest, HandsFilesOver) {
                 {u"/a b/账单 100%.png"_s, u"/%41#b?c&d;\n\"'.pdf"_s, u"here/bill.png"_s,
                  u"../up.png"_s, u"https://example.org/a%20b?c#d"_s, u"/twice"_s, u"/twice"_s});
     ASSERT_EQ(start.outcome(), u"handed over"_s);
-    EXPECT_TRUE(waitUntil([&] { return !listener.told.isEmpty(); }));
+    EXPECT_TRUE(waitFor([&] { return !listener.told.isEmpty(); }));
     const QString here = u"file://"_s + home();
     EXPECT_EQ(listener.told,
               QStringList(
@@ -354,7 +338,7 @@ TEST_F(SingleInstanceTest, GivesUpOnOneThatHangs) {
     // It is told nevertheless, when it wakes, and once.
     const Peer peer(bus.address());
     EXPECT_EQ(peer.call(u"Activate"_s, {token(u"last"_s)}), QString());
-    EXPECT_TRUE(waitUntil([&] { return listener.told.contains(u"activated last"_s); }));
+    EXPECT_TRUE(waitFor([&] { return listener.told.contains(u"activated last"_s); }));
     EXPECT_EQ(listener.told, QStringList({u"open  file:///a"_s, u"activated last"_s}));
 }
 
@@ -383,7 +367,7 @@ TEST_F(SingleInstanceTest, TakesThePlaceOfOneThatGoesAwayDuringTheCall) {
     OddOwner owner(peer, false);
     Start start(onBus(), home());
     start.go();
-    ASSERT_TRUE(waitUntil([&] { return owner.calls > 0; }));
+    ASSERT_TRUE(waitFor([&] { return owner.calls > 0; }));
     peer.leave();
     EXPECT_EQ(start.line(), u"first"_s);
 }
@@ -408,7 +392,7 @@ TEST_F(SingleInstanceTest, WaitsAMomentForTheLockOfADyingOwner) {
     Start start(onBus(), home());
     start.go();
     // The one that has the name then lacks the lock alone.
-    ASSERT_TRUE(waitUntil([&] { return peer.isOwned(); }));
+    ASSERT_TRUE(waitFor([&] { return peer.isOwned(); }));
     lock.release();
     EXPECT_EQ(start.line(), u"first"_s);
 }
@@ -471,7 +455,7 @@ TEST_F(SingleInstanceTest, LeavesTheDataToAnotherSession) {
         SingleInstance second(variables(there), std::chrono::milliseconds(100));
         EXPECT_EQ(second.claim({}), refused);
         EXPECT_EQ(second.refusal(), otherSession);
-        EXPECT_TRUE(waitUntil([&] { return !peer.isOwned(); }));
+        EXPECT_TRUE(waitFor([&] { return !peer.isOwned(); }));
     }
     SingleInstance third(variables(there));
     EXPECT_EQ(third.claim({}), first);
@@ -534,9 +518,9 @@ TEST_F(SingleInstanceTest, KeepsTheCallsThatComeBeforeItsStart) {
     EXPECT_EQ(listener.told, QStringList());
     instance.start();
     EXPECT_EQ(listener.told, QStringList());
-    EXPECT_TRUE(waitUntil([&] { return listener.told.size() >= 3; }));
+    EXPECT_TRUE(waitFor([&] { return listener.told.size() >= 3; }));
     EXPECT_EQ(peer.call(u"Activate"_s, {token(u"4"_s)}), QString());
-    EXPECT_TRUE(waitUntil([&] { return listener.told.size() >= 4; }));
+    EXPECT_TRUE(waitFor([&] { return listener.told.size() >= 4; }));
     EXPECT_EQ(listener.told, QStringList({u"activated 1"_s, u"open 2 file:///a file:///b"_s,
                                           u"activated 3"_s, u"activated 4"_s}));
 }
@@ -553,13 +537,13 @@ TEST_F(SingleInstanceTest, AnswersBeforeItsReceiverIsThrough) {
         if (text != u"1")
             return;
         // As a dialog does: it stays, and more arrives meanwhile.
-        EXPECT_TRUE(waitUntil([&] { return call->isFinished(); }));
+        EXPECT_TRUE(waitFor([&] { return call->isFinished(); }));
         EXPECT_EQ(peer.call(u"Activate"_s, {token(u"2"_s)}), QString());
-        EXPECT_TRUE(waitUntil([&] { return listener.told.size() >= 2; }));
+        EXPECT_TRUE(waitFor([&] { return listener.told.size() >= 2; }));
         isAnswered = true;
     });
     call = peer.send(u"Activate"_s, {token(u"1"_s)});
-    EXPECT_TRUE(waitUntil([&] { return isAnswered; }));
+    EXPECT_TRUE(waitFor([&] { return isAnswered; }));
     EXPECT_FALSE(call->isError());
     EXPECT_EQ(listener.told, QStringList({u"activated 1"_s, u"activated 2"_s}));
 }
@@ -598,7 +582,7 @@ TEST_F(SingleInstanceTest, TakesWhateverTheBusBrings) {
     };
     for (const Case &odd : cases) {
         EXPECT_EQ(peer.call(u"Open"_s, {odd.uris, odd.data}), QString());
-        EXPECT_TRUE(waitUntil([&] { return !listener.told.isEmpty(); }));
+        EXPECT_TRUE(waitFor([&] { return !listener.told.isEmpty(); }));
         EXPECT_EQ(listener.told, QStringList(odd.told));
         listener.told.clear();
     }
@@ -620,7 +604,7 @@ TEST_F(SingleInstanceTest, DoesNothingForActionsAndUnknownCalls) {
     EXPECT_EQ(peer.call(u"Activate"_s, {}), unknown);
     // What they had caused would have come before this.
     EXPECT_EQ(peer.call(u"Activate"_s, {token(u"last"_s)}), QString());
-    EXPECT_TRUE(waitUntil([&] { return !listener.told.isEmpty(); }));
+    EXPECT_TRUE(waitFor([&] { return !listener.told.isEmpty(); }));
     EXPECT_EQ(listener.told, QStringList(u"activated last"_s));
 }
 
@@ -630,7 +614,7 @@ TEST_F(SingleInstanceTest, ShowsItsInterface) {
     ASSERT_EQ(instance.claim({}), first);
     const QDBusPendingReply<QString> xml = peer.bus.asyncCall(QDBusMessage::createMethodCall(
         name, path, u"org.freedesktop.DBus.Introspectable"_s, u"Introspect"_s));
-    ASSERT_TRUE(waitUntil([&] { return xml.isFinished(); }));
+    ASSERT_TRUE(waitFor([&] { return xml.isFinished(); }));
     QStringList methods;
     QString current;
     QXmlStreamReader reader(xml.value());

@@ -5,18 +5,26 @@
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
+#include <QTimer>
+
+#include <chrono>
 
 namespace tovarin {
 
-/// Runs the event loop until the condition holds, for ten seconds at the longest; whether it holds.
+/// Runs the event loop until the condition holds; false when that takes longer than any working
+/// program needs, on however busy a machine.
 template <typename Condition>
 bool waitFor(const Condition &condition) {
-    QElapsedTimer time;
-    time.start();
-    while (!condition() && !time.hasExpired(10000))
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 50);
-    return condition();
+    const QDeadlineTimer deadline(std::chrono::minutes(1));
+    QTimer alarm; // Looks again at least so often.
+    alarm.start(std::chrono::milliseconds(20));
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return true;
 }
 
 /// Runs the event loop until nothing is left to do in it.

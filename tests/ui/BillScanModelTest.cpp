@@ -7,6 +7,7 @@
 #include "tests/support/LanguageScope.h"
 #include "tests/support/Printing.h"
 #include "tests/support/ScriptedPanel.h"
+#include "tests/support/WaitFor.h"
 
 #include <gtest/gtest.h>
 
@@ -38,7 +39,7 @@ protected:
 
     void scanToTheEnd() {
         ASSERT_TRUE(model.isScanning());
-        ASSERT_TRUE(waitUntil([this] { return !model.isScanning(); }));
+        ASSERT_TRUE(waitFor([this] { return !model.isScanning(); }));
     }
 
     LanguageScope language{LocalizationManager::Lang::en};

@@ -4,6 +4,7 @@
 #include "tests/ui/MainWindow.h"
 
 #include "tests/support/Printing.h"
+#include "tests/support/WaitFor.h"
 #include "tests/ui/Complaints.h"
 #include "tests/ui/Texts.h"
 #include "ui/ImageProviders.h"
@@ -155,7 +156,7 @@ Qt::DropAction MainWindow::drop(const QList<QUrl> &urls, Qt::DropAction proposed
 }
 
 void MainWindow::waitForScan() {
-    ASSERT_TRUE(waitUntil([this] { return !bills->isScanning(); }));
+    ASSERT_TRUE(waitFor([this] { return !bills->isScanning(); }));
     settle();
 }
 

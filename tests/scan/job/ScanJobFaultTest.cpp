@@ -5,6 +5,7 @@
 
 #include "tests/scan/job/ScanRun.h"
 #include "tests/support/Printing.h"
+#include "tests/support/WaitFor.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -107,7 +108,7 @@ TEST(ScanJobFaultTest, ForgetsADraftWithoutItsScan) {
         job.cancel();
     });
     EXPECT_TRUE(job.start(filesNamed({u"bill 1"_s, u"bill 2"_s})));
-    EXPECT_TRUE(waitUntil([&] { return drafts == 1; }));
+    EXPECT_TRUE(waitFor([&] { return drafts == 1; }));
     job.disconnect();
     EXPECT_EQ(scan(job, filesNamed({u"bill 3"_s})).names(), QStringList(u"bill 3"_s));
 }

@@ -6,6 +6,7 @@
 #include "tests/scan/job/ScanRun.h"
 #include "tests/support/LanguageScope.h"
 #include "tests/support/Printing.h"
+#include "tests/support/WaitFor.h"
 
 #include <QDir>
 #include <QProcess>
@@ -29,7 +30,7 @@ using Lang = LocalizationManager::Lang;
 /// Waits for the scanner of a job that has just begun.
 pid_t scannerOf(const ScanJob &job) {
     const QProcess *process = nullptr;
-    EXPECT_TRUE(waitUntil([&] {
+    EXPECT_TRUE(waitFor([&] {
         process = job.findChild<QProcess *>();
         return process && process->state() == QProcess::Running;
     }));
@@ -160,7 +161,7 @@ TEST(ScanJobTest, RunsOneScanAtATime) {
     });
     EXPECT_TRUE(job.start(filesNamed({u"bill 1"_s})));
     EXPECT_FALSE(job.start(filesNamed({u"bill too many"_s})));
-    EXPECT_TRUE(waitUntil([&] { return finished == 2; }));
+    EXPECT_TRUE(waitFor([&] { return finished == 2; }));
     EXPECT_EQ(names, QStringList({u"bill 1"_s, u"bill 2"_s}));
     EXPECT_FALSE(job.isRunning());
 }
@@ -175,7 +176,7 @@ TEST(ScanJobTest, IsSilentAfterItIsCancelled) {
     const pid_t scanner = scannerOf(job);
     job.cancel();
     EXPECT_FALSE(job.isRunning());
-    EXPECT_TRUE(waitUntil([scanner] { return isGone(scanner); }));
+    EXPECT_TRUE(waitFor([scanner] { return isGone(scanner); }));
     EXPECT_EQ(told, 0);
     QObject::disconnect(progress);
     EXPECT_EQ(scan(job, filesNamed({u"bill"_s})).names(), QStringList(u"bill"_s));
@@ -193,8 +194,8 @@ TEST(ScanJobTest, MayBeCancelledByWhoIsToldOfTheProgress) {
     });
     QObject::connect(&job, &ScanJob::finished, &job, [&finished] { ++finished; });
     EXPECT_TRUE(job.start(filesNamed({u"bill"_s, u"bill"_s, u"bill"_s})));
-    EXPECT_TRUE(waitUntil([&] { return !job.isRunning(); }));
-    EXPECT_TRUE(waitUntil([&] { return job.findChildren<QProcess *>().isEmpty(); }));
+    EXPECT_TRUE(waitFor([&] { return !job.isRunning(); }));
+    EXPECT_TRUE(waitFor([&] { return job.findChildren<QProcess *>().isEmpty(); }));
     EXPECT_EQ(done, 2);
     EXPECT_EQ(finished, 0);
 }
@@ -213,7 +214,7 @@ TEST(ScanJobTest, TakesItsScannerAlongWhenItIsDestroyed) {
 TEST(ScanJobTest, LeavesNoScannerBehindWhenTheScanEnds) {
     ScanJob job(standInScanner(), amply);
     const ScanRun run = scan(job, filesNamed({u"bill"_s, u"junk"_s, u"bill"_s}));
-    EXPECT_TRUE(waitUntil([&] { return job.findChildren<QProcess *>().isEmpty(); }));
+    EXPECT_TRUE(waitFor([&] { return job.findChildren<QProcess *>().isEmpty(); }));
     EXPECT_EQ(run.processes().size(), 2);
     for (const QString &process : run.processes())
         EXPECT_TRUE(isGone(process.toInt()));

@@ -3,8 +3,7 @@
 
 #include "tests/scan/job/ScanRun.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
+#include "tests/support/WaitFor.h"
 
 #include <gtest/gtest.h>
 
@@ -21,19 +20,6 @@ QList<QUrl> filesNamed(const QStringList &names) {
     for (const QString &name : names)
         files.append(QUrl::fromLocalFile(u"/nowhere/"_s + name + u".png"_s));
     return files;
-}
-
-bool waitUntil(const std::function<bool()> &condition) {
-    const QDeadlineTimer deadline(amply);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        // Wakes at least for the deadline.
-        QTimer alarm;
-        alarm.start(std::chrono::milliseconds(100));
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return true;
 }
 
 QStringList ScanRun::names() const {
@@ -66,7 +52,7 @@ ScanRun scan(ScanJob &job, const QList<QUrl> &files) {
     EXPECT_TRUE(job.start(files));
     EXPECT_TRUE(job.isRunning());
     EXPECT_EQ(run.timesFinished, 0);
-    EXPECT_TRUE(waitUntil([&run] { return run.timesFinished > 0; }));
+    EXPECT_TRUE(waitFor([&run] { return run.timesFinished > 0; }));
     return run;
 }
 

@@ -7,7 +7,6 @@
 
 #include <QStringList>
 
-#include <functional>
 #include <utility>
 
 namespace tovarin {
@@ -20,9 +19,6 @@ QString standInScanner();
 
 /// Files by these names, in a folder that is not there.
 QList<QUrl> filesNamed(const QStringList &names);
-
-/// Runs the event loop until the condition holds; false when that takes too long.
-bool waitUntil(const std::function<bool()> &condition);
 
 /// What one scan told.
 struct ScanRun {
