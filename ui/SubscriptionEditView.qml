@@ -57,18 +57,20 @@ FocusScope {
         contentHeight: form.height + 24
         clip: true
         boundsBehavior: Flickable.StopAtBounds
-        Accessible.ignored: true
+        // What is scrolled out of it would otherwise cover the footer, for a screen reader.
+        Accessible.role: Accessible.Pane
 
         ScrollBar.vertical: ScrollBar {}
 
-        // The keyboard does not go where nobody sees it.
+        // The keyboard does not go where nobody sees it. The first row of a section brings its title
+        // into sight, and the last row its end.
         function reveal(item: Item) {
             let above = item;
             while (above && above !== form)
                 above = above.parent;
             if (!above)
                 return;
-            const margin = 12;
+            const margin = 44;
             const top = item.mapToItem(form, 0, 0).y + form.y;
             if (top + item.height + margin > contentY + height)
                 contentY = Math.min(contentHeight - height, top + item.height + margin - height);
