@@ -100,13 +100,14 @@ void CalendarModel::moveDayByMonths(int by) {
         m_run = run;
 }
 
-void CalendarModel::moveToFirstDay() {
-    choose(m_month);
+void CalendarModel::moveToStartOfWeek() {
+    const CivilDay day = focusDay();
+    choose(day - days(columnOf(day)));
 }
 
-void CalendarModel::moveToLastDay() {
-    if (const std::optional<CivilDay> next = monthAfter(m_month, 1))
-        choose(*next - days(1));
+void CalendarModel::moveToEndOfWeek() {
+    const CivilDay day = focusDay();
+    choose(day + days(columns - 1 - columnOf(day)));
 }
 
 void CalendarModel::noticeDay() {
@@ -155,6 +156,10 @@ CivilDay CalendarModel::focusDay() const {
     return startOfMonth(selected) == m_month ? selected : m_month;
 }
 
+int CalendarModel::columnOf(CivilDay day) const {
+    return (UserMonths::weekday(day) - m_months.firstWeekday() + columns) % columns;
+}
+
 CivilDay CalendarModel::startOfMonth(CivilDay day) const {
     return m_months.start(day).value_or(day);
 }
@@ -184,8 +189,7 @@ QList<CalendarDay> CalendarModel::grid() const {
     QList<CalendarDay> cells;
     if (!m_months.start(m_month))
         return cells;
-    const int lead = (UserMonths::weekday(m_month) - m_months.firstWeekday() + columns) % columns;
-    const CivilDay begin = m_month - days(lead);
+    const CivilDay begin = m_month - days(columnOf(m_month));
     const CivilDay selected = selectedDay();
     const CivilDay today = m_calendar.day(m_clock.now());
     for (int i = 0; i < weeks * columns; ++i) {

@@ -95,9 +95,10 @@ public:
     Q_INVOKABLE void moveDay(int by);
     Q_INVOKABLE void moveDayByMonths(int by);
 
-    /// Selects the first or the last day of the month on screen.
-    Q_INVOKABLE void moveToFirstDay();
-    Q_INVOKABLE void moveToLastDay();
+    /// Selects the first or the last day of the week, which is a row of the grid, in which the keys
+    /// start.
+    Q_INVOKABLE void moveToStartOfWeek();
+    Q_INVOKABLE void moveToEndOfWeek();
 
     /// Another day has begun, or the calendar is another.
     void noticeDay();
@@ -119,6 +120,7 @@ private:
 
     CivilDay selectedDay() const;
     CivilDay focusDay() const;
+    int columnOf(CivilDay day) const;
     CivilDay startOfMonth(CivilDay day) const;
     std::optional<CivilDay> monthAfter(CivilDay month, int by) const;
     bool choose(CivilDay day);

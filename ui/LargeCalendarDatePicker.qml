@@ -96,10 +96,10 @@ FocusScope {
                     root.calendar.moveDayByMonths(1);
                     break;
                 case Qt.Key_Home:
-                    root.calendar.moveToFirstDay();
+                    root.calendar.moveToStartOfWeek();
                     break;
                 case Qt.Key_End:
-                    root.calendar.moveToLastDay();
+                    root.calendar.moveToEndOfWeek();
                     break;
                 default:
                     return;

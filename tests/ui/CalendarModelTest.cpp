@@ -259,11 +259,42 @@ TEST(CalendarModel, MovesTheSelectionByKeys) {
     EXPECT_EQ(sheet.model.focusRow(), sheet.row("2025-07-01"));
     sheet.model.moveDay(-7);
     EXPECT_EQ(sheet.selected(), civilDay("2025-06-24"));
-    sheet.model.moveToFirstDay();
-    EXPECT_EQ(sheet.selected(), civilDay("2025-06-01"));
-    sheet.model.moveToLastDay();
-    EXPECT_EQ(sheet.selected(), civilDay("2025-06-30"));
-    EXPECT_EQ(sheet.model.selection(), instant("2025-06-30T00:00:00Z"));
+    EXPECT_EQ(sheet.model.selection(), instant("2025-06-24T00:00:00Z"));
+}
+
+TEST(CalendarModel, GoesToTheEndsOfAWeek) {
+    struct {
+        const char *why;
+        const char *locale;
+        const char *selection;
+        const char *first;
+        const char *last;
+    } const cases[] = {
+        {"Sunday first", "en_US", "2025-06-10", "2025-06-08", "2025-06-14"},
+        {"Monday first", "zh_CN", "2025-06-10", "2025-06-09", "2025-06-15"},
+        {"Saturday first", "ar_EG", "2025-06-10", "2025-06-07", "2025-06-13"},
+        {"from its first day", "de_DE", "2025-06-09", "2025-06-09", "2025-06-15"},
+        {"from its last day", "de_DE", "2025-06-15", "2025-06-09", "2025-06-15"},
+        {"a year ends in it", "en_US", "2025-01-01", "2024-12-29", "2025-01-04"},
+    };
+    for (const auto &[why, locale, selection, first, last] : cases) {
+        Sheet sheet(std::string(selection) + "T12:00:00Z", locale);
+        sheet.model.moveToStartOfWeek();
+        EXPECT_EQ(sheet.selected(), civilDay(first)) << why;
+        EXPECT_EQ(sheet.model.visibleMonth(), sheet.model.monthStart(sheet.model.selection()))
+            << why;
+        sheet.model.moveToEndOfWeek();
+        EXPECT_EQ(sheet.selected(), civilDay(last)) << why;
+        sheet.model.moveToEndOfWeek();
+        EXPECT_EQ(sheet.selected(), civilDay(last)) << why;
+        sheet.model.moveToStartOfWeek();
+        EXPECT_EQ(sheet.selected(), civilDay(first)) << why;
+    }
+    // The month in sight is where the keys start.
+    Sheet moved("2025-06-10T12:00:00Z");
+    moved.model.moveMonth(1);
+    moved.model.moveToEndOfWeek();
+    EXPECT_EQ(moved.selected(), civilDay("2025-07-05"));
 }
 
 TEST(CalendarModel, StartsFromTheMonthInSight) {
@@ -316,6 +347,10 @@ TEST(CalendarModel, BearsDaysWithoutMidnight) {
     EXPECT_EQ(samoa.selected(), civilDay("2011-12-29"));
     samoa.model.select(samoa.row("2011-12-30"));
     EXPECT_EQ(samoa.selected(), civilDay("2011-12-31"));
+    // It would have been the first of a week.
+    Sheet friday("2012-01-03T12:00:00Z", "dv_MV", "Pacific/Apia");
+    friday.model.moveToStartOfWeek();
+    EXPECT_EQ(friday.selected(), civilDay("2011-12-31"));
 }
 
 TEST(CalendarModel, EndsWhereRecordsEnd) {
@@ -325,6 +360,7 @@ TEST(CalendarModel, EndsWhereRecordsEnd) {
     last.model.moveDay(1);
     last.model.moveDayByMonths(1);
     last.model.moveMonth(1);
+    last.model.moveToEndOfWeek();
     EXPECT_EQ(last.selected(), civilDay("9999-12-30"));
     EXPECT_EQ(last.month(), civilDay("9999-12-01"));
     EXPECT_EQ(last.days().last().date, civilDay("9999-12-30"));

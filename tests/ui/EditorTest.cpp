@@ -384,8 +384,8 @@ TEST_P(EditorTest, ChoosesADayByKeys) {
         {Qt::Key_Right, u"2025/03/02"_s},    {Qt::Key_Down, u"2025/03/09"_s},
         {Qt::Key_Left, u"2025/03/08"_s},     {Qt::Key_Up, u"2025/03/01"_s},
         {Qt::Key_Left, u"2025/02/28"_s},     {Qt::Key_Right, u"2025/03/01"_s},
-        {Qt::Key_End, u"2025/03/31"_s},      {Qt::Key_PageUp, u"2025/02/28"_s},
-        {Qt::Key_PageDown, u"2025/03/31"_s}, {Qt::Key_Home, u"2025/03/01"_s},
+        {Qt::Key_Home, u"2025/02/23"_s},     {Qt::Key_End, u"2025/03/01"_s},
+        {Qt::Key_PageUp, u"2025/02/01"_s},   {Qt::Key_PageDown, u"2025/03/01"_s},
         {Qt::Key_PageDown, u"2025/04/01"_s},
     };
     for (const auto &[key, day] : steps) {
