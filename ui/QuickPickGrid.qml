@@ -14,6 +14,9 @@ FocusScope {
 
     required property QuickPickModel quickPick
 
+    // A cell has made room for its tiers.
+    signal grown(Item cell)
+
     readonly property real spacing: 10
     readonly property real minimumCellWidth: 220
     readonly property int columns: Math.max(1, Math.floor((width + spacing)
@@ -149,6 +152,8 @@ FocusScope {
             }
 
             QuickPickCell {
+                id: cell
+
                 objectName: "cell" + index
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
@@ -156,6 +161,10 @@ FocusScope {
                 Layout.preferredHeight: implicitHeight
                 isCurrent: index === root.current
                 onCanBePickedChanged: root.findCurrent()
+                onHeightChanged: {
+                    if (hasTiers)
+                        root.grown(cell);
+                }
                 onToggled: {
                     if (!button.activeFocus) {
                         root.wanted = index;

@@ -129,6 +129,8 @@ FocusScope {
             Layout.fillWidth: true
             focus: true
             quickPick: root.quickPick
+            // How far there is to scroll is known a little later.
+            onGrown: cell => Qt.callLater(cells.reveal, cell)
         }
     }
     ScrollArea {

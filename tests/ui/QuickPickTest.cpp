@@ -769,6 +769,21 @@ TEST_P(QuickPickTest, TellsTheCellsToAScreenReader) {
     EXPECT_EQ(tiers->text(QAccessible::Description), u"50GB · ¥6"_s);
 }
 
+TEST_P(QuickPickTest, BringsTheTiersOfATickedServiceIntoSight) {
+    open({640, 440});
+    QQuickItem &button = piece("icloud-cn", "button");
+    item("cells").setProperty("contentY", item("cells").property("contentY").toDouble() +
+                                              SheetStage::bottom(button) -
+                                              SheetStage::bottom(item("cells")));
+    stage->settle();
+    ASSERT_TRUE(isInSight(button, "cells"));
+    stage->click(button);
+    stage->settle();
+    EXPECT_TRUE(pick->selected().contains(u"icloud-cn"_s));
+    EXPECT_TRUE(isInSight(piece("icloud-cn", "tiers"), "cells"));
+    EXPECT_TRUE(isInSight(button, "cells"));
+}
+
 TEST_P(QuickPickTest, HidesWhatIsScrolledAwayFromAScreenReader) {
     open();
     item("cells").setProperty("contentY", 100);
