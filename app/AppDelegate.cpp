@@ -124,7 +124,7 @@ void AppDelegate::showMainWindow(const QString &activationToken) {
 
 void AppDelegate::open(const QList<QUrl> &files, const QString &activationToken) {
     showMainWindow(activationToken);
-    m_bills.handleDrop(files);
+    m_bills.readFiles(files);
 }
 
 void AppDelegate::togglePopover(QPoint pointer) {

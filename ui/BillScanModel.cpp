@@ -8,6 +8,7 @@
 #include "scan/job/ScanJob.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tovarin {
 
@@ -29,6 +30,13 @@ bool BillScanModel::handleDrop(const QList<QUrl> &urls) {
     QList<QUrl> files;
     std::ranges::copy_if(urls, std::back_inserter(files), &QUrl::isLocalFile);
     return !files.isEmpty() && scan(files);
+}
+
+void BillScanModel::readFiles(const QList<QUrl> &urls) {
+    if (m_isScanning)
+        m_waiting += urls;
+    else
+        handleDrop(urls);
 }
 
 bool BillScanModel::scan(const QList<QUrl> &urls) {
@@ -59,6 +67,8 @@ void BillScanModel::take(const QList<Subscription> &drafts) {
     Q_EMIT changed();
     if (!drafts.isEmpty())
         Q_EMIT draftsFound(drafts);
+    if (!m_waiting.isEmpty())
+        handleDrop(std::exchange(m_waiting, {}));
 }
 
 } // namespace tovarin

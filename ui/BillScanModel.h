@@ -47,6 +47,9 @@ public:
     /// a scan is running.
     Q_INVOKABLE bool handleDrop(const QList<QUrl> &urls);
 
+    /// Has files read that were handed to the program: now, or after the running scan.
+    void readFiles(const QList<QUrl> &urls);
+
 Q_SIGNALS:
     void changed();
 
@@ -60,6 +63,7 @@ private:
 
     ScanJob &m_job;
     OpenPanel &m_panel;
+    QList<QUrl> m_waiting;
     bool m_isScanning = false;
     int m_filesDone = 0;
     int m_filesTotal = 0;

@@ -17,6 +17,10 @@ Column {
 
     readonly property bool isZh: LocalizationManager.isZh
 
+    function takeKeyboard() {
+        empty.takeKeyboard();
+    }
+
     leftPadding: Theme.pageMargin
     rightPadding: Theme.pageMargin
     spacing: 28
@@ -43,6 +47,8 @@ Column {
         note: root.content.count + (root.isZh ? " 项" : " items")
     }
     EmptyState {
+        id: empty
+
         width: root.width - 2 * Theme.pageMargin
         visible: root.content.isEmpty
         sheets: root.sheets

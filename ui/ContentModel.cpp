@@ -60,6 +60,12 @@ QList<Subscription> ContentModel::sortedSubs() const {
     return sorted;
 }
 
+int ContentModel::rowOf(const QString &id) const {
+    const QList<Subscription> sorted = sortedSubs();
+    const auto found = std::ranges::find(sorted, QUuid(id), &Subscription::id);
+    return found == sorted.end() ? -1 : static_cast<int>(found - sorted.begin());
+}
+
 void ContentModel::update() {
     const Instant now = m_clock.now();
     const double monthlyCNY = m_store.totalMonthlyCNY();

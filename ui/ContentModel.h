@@ -64,6 +64,9 @@ public:
     /// equals keep the order of the list.
     QList<Subscription> sortedSubs() const;
 
+    /// The row of the entry with this id; -1 without one.
+    Q_INVOKABLE int rowOf(const QString &id) const;
+
     /// Brings everything up to date: another day has begun, or the calendar is another.
     void noticeDay() { update(); }
 

@@ -99,6 +99,20 @@ FocusScope {
                                                       top + focusItem.height / 2 - height / 2));
         }
 
+        // The entry that was shown last.
+        property string shownID
+
+        // The keyboard stays with the entry, wherever the list has it by now, and near it when it
+        // is gone.
+        function returnToEntry() {
+            if (count === 0) {
+                headerItem.takeKeyboard();
+                return;
+            }
+            const row = root.content.rowOf(shownID);
+            reach(row >= 0 ? row : Math.min(Math.max(0, currentIndex), count - 1));
+        }
+
         // Takes the keyboard to a row; false when there is none.
         function reach(row: int): bool {
             if (row < 0 || row >= count)
@@ -154,7 +168,10 @@ FocusScope {
 
             width: list.width
             pressable: true
-            onClicked: root.sheets.showDetail(subscriptionID)
+            onClicked: {
+                list.shownID = subscriptionID;
+                root.sheets.showDetail(subscriptionID);
+            }
             // Tab reaches the rows once, where the keyboard was last; the arrow keys walk them.
             activeFocusOnTab: index === Math.max(0, list.currentIndex)
             onActiveFocusChanged: {
@@ -192,6 +209,15 @@ FocusScope {
     }
 
     ContentSheet {
+        id: sheet
+
         sheets: root.sheets
+        onAboutToShow: cameFromList = before?.subscriptionID !== undefined || !before
+        onClosed: {
+            if (cameFromList && byKeyboard)
+                list.returnToEntry();
+        }
+
+        property bool cameFromList: false
     }
 }

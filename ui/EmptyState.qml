@@ -11,6 +11,10 @@ Column {
 
     readonly property bool isZh: LocalizationManager.isZh
 
+    function takeKeyboard() {
+        quickPick.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     spacing: 8
     topPadding: 64
     bottomPadding: 64
@@ -39,6 +43,8 @@ Column {
         spacing: 10
 
         SoftButton {
+            id: quickPick
+
             objectName: "emptyQuickPick"
             icon.name: "square.grid.2x2"
             title: root.isZh ? "快选常见服务" : "Quick pick"

@@ -219,8 +219,6 @@ FocusScope {
                 title: root.isZh ? "添加 " + root.quickPick.count + " 项"
                                  : "Add " + root.quickPick.count
                 onClicked: root.goOn()
-                // The second half of a double click on the button that stood here adds nothing.
-                onDoubleClicked: {}
             }
         }
     }

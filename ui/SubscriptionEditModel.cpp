@@ -190,8 +190,12 @@ void SubscriptionEditModel::setDateExpanded(bool expanded) {
     change(m_dateExpanded, expanded, &SubscriptionEditModel::dateExpandedChanged);
 }
 
+bool SubscriptionEditModel::isAmountValid() const {
+    return amountOf(m_amountText).value_or(0) > 0;
+}
+
 bool SubscriptionEditModel::isValid() const {
-    return !withoutBlanksAround(m_name).isEmpty() && amountOf(m_amountText).value_or(0) > 0;
+    return !withoutBlanksAround(m_name).isEmpty() && isAmountValid();
 }
 
 QString SubscriptionEditModel::titleText() const {

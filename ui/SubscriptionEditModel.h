@@ -29,6 +29,7 @@ class SubscriptionEditModel final : public QObject {
     Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged FINAL)
     Q_PROPERTY(
         QString amountText READ amountText WRITE setAmountText NOTIFY amountTextChanged FINAL)
+    Q_PROPERTY(bool isAmountValid READ isAmountValid NOTIFY amountTextChanged FINAL)
     Q_PROPERTY(QString currency READ currency NOTIFY currencyChanged FINAL)
     Q_PROPERTY(int currencyIndex READ currencyIndex NOTIFY currencyChanged FINAL)
     Q_PROPERTY(QStringList currencies READ currencies CONSTANT FINAL)
@@ -78,6 +79,9 @@ public:
     /// As typed.
     QString amountText() const { return m_amountText; }
     void setAmountText(const QString &text);
+
+    /// Whether it is a number above 0.
+    bool isAmountValid() const;
 
     /// A code. One that the picker does not offer stays until the user chooses another.
     QString currency() const { return m_currency; }

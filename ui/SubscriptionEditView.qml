@@ -131,6 +131,7 @@ FocusScope {
                         Layout.fillWidth: true
                         label: root.isZh ? "金额" : "Amount"
                         placeholderText: "0.00"
+                        acceptable: text === "" || root.edit.isAmountValid
                         text: root.edit.amountText
                         onTextChanged: root.edit.amountText = text
                         Keys.onReturnPressed: event => root.saveBy(event)

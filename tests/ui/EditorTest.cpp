@@ -165,6 +165,16 @@ TEST_P(EditorTest, SavesWhatIsTypedByReturn) {
     EXPECT_EQ(store.subscriptions().first().amount, 15);
 }
 
+TEST_P(EditorTest, MarksAnAmountThatCannotBeSaved) {
+    open();
+    EXPECT_TRUE(item("amount").property("acceptable").toBool());
+    for (const auto &[text, acceptable] :
+         {std::pair{u"15,5"_s, false}, {u"15.5"_s, true}, {u"0"_s, false}, {u"-3"_s, false}}) {
+        item("amount").setProperty("text", text);
+        EXPECT_EQ(item("amount").property("acceptable").toBool(), acceptable) << text.toStdString();
+    }
+}
+
 TEST_P(EditorTest, LeavesReturnToTheNotes) {
     open({std::nullopt, sampleSubscription()});
     tabTo(u"notes"_s);

@@ -108,8 +108,16 @@ void MainWindow::click(const QString &text) {
 }
 
 void MainWindow::click(const QQuickItem &item) {
-    QTest::mouseClick(window, Qt::LeftButton, {},
-                      item.mapToScene(item.boundingRect().center()).toPoint());
+    QTest::mouseClick(window, Qt::LeftButton, {}, middleOf(item));
+    settle();
+}
+
+QPoint MainWindow::middleOf(const QQuickItem &item) {
+    return item.mapToScene(item.boundingRect().center()).toPoint();
+}
+
+void MainWindow::doubleClick(QPoint place) {
+    QTest::mouseDClick(window, Qt::LeftButton, {}, place);
     settle();
 }
 

@@ -58,6 +58,8 @@ protected:
 
     void click(const QString &text);
     void click(const QQuickItem &item);
+    static QPoint middleOf(const QQuickItem &item);
+    void doubleClick(QPoint place);
     void press(Qt::Key key);
     void type(const QString &text);
 

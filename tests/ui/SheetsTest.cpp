@@ -151,6 +151,78 @@ TEST_P(Sheets, AreReachedByKeysFromTheRows) {
     EXPECT_EQ(row(), u"entry 39"_s);
 }
 
+/// The second half of a double click must not press what opens, or stands behind, at that place.
+TEST_P(Sheets, BearDoubleClicks) {
+    QStringList names;
+    for (int i = 0; i < 40; ++i)
+        names.append(u"entry %1"_s.arg(i));
+    openWith(names);
+    press(Qt::Key_PageDown);
+    press(Qt::Key_PageDown);
+    sheets->showDetail(store->subscriptions().last().id.toString());
+    settle();
+    for (const char *button : {"edit", "toggle", "copy", "delete"}) {
+        const QPoint place = middleOf(item(button));
+        press(Qt::Key_Escape);
+        doubleClick(place);
+        ASSERT_EQ(sheets->sheet(), Sheet::Detail) << button;
+        EXPECT_TRUE(sheets->detailSub()->isActive) << button;
+        ASSERT_EQ(store->subscriptions().size(), 40) << button;
+    }
+    const QPoint place = middleOf(item("delete"));
+    doubleClick(place);
+    EXPECT_EQ(sheets->sheet(), Sheet::None);
+    QTest::mouseClick(window, Qt::LeftButton, {}, place);
+    settle();
+    EXPECT_EQ(store->subscriptions().size(), 39);
+    press(Qt::Key_Escape);
+    click(item("settings"));
+    press(Qt::Key_Escape);
+    sheets->showEditor();
+    settle();
+    doubleClick(middleOf(item("cancel")));
+    EXPECT_EQ(sheets->sheet(), Sheet::None);
+}
+
+TEST_P(Sheets, CloseOneForAHeldEscape) {
+    open();
+    click(item("settings"));
+    sheets->showQuickPick();
+    press(Qt::Key_Escape);
+    ASSERT_EQ(sheets->sheet(), Sheet::QuickPick);
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, {}, true);
+    QCoreApplication::sendEvent(window, &held);
+    settle();
+    EXPECT_EQ(sheets->sheet(), Sheet::QuickPick);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(sheets->sheet(), Sheet::None);
+}
+
+TEST_P(Sheets, LeaveTheKeyboardAtTheEntry) {
+    openWith({u"one"_s, u"two"_s, u"three"_s});
+    while (focused() != u"scan"_s)
+        press(Qt::Key_Tab);
+    press(Qt::Key_Tab);
+    const auto row = [this] { return window->activeFocusItem()->property("name").toString(); };
+    ASSERT_EQ(row(), u"one"_s);
+    press(Qt::Key_Return);
+    click(item("toggle"));
+    press(Qt::Key_Escape);
+    // It went to the end of the list.
+    EXPECT_EQ(row(), u"one"_s);
+    press(Qt::Key_Up);
+    EXPECT_EQ(row(), u"three"_s);
+    press(Qt::Key_Return);
+    click(item("delete"));
+    EXPECT_EQ(row(), u"one"_s);
+    press(Qt::Key_Return);
+    click(item("delete"));
+    EXPECT_EQ(row(), u"two"_s);
+    press(Qt::Key_Return);
+    click(item("delete"));
+    EXPECT_EQ(focused(), u"emptyQuickPick"_s);
+}
+
 TEST_P(Sheets, TakeWhatAScanFinds) {
     open();
     panel.choice = filesNamed({u"bill"_s});

@@ -13,6 +13,9 @@ T.CheckBox {
     required property string title
     property bool ticked: false
 
+    // The second half of a double click may have been meant for what stood here before.
+    onDoubleClicked: {}
+
     implicitWidth: 220
     implicitHeight: 64
     padding: 10

@@ -11,6 +11,9 @@ BaseButton {
 
     required property string subtitle
 
+    // The second half of a double click may have been meant for what stood here before.
+    onDoubleClicked: {}
+
     implicitWidth: 320
     implicitHeight: 64
     leftPadding: 16

@@ -15,6 +15,9 @@ T.ItemDelegate {
     // The line above it.
     property bool hasRule: true
 
+    // The second half of a double click may have been meant for what stood here before.
+    onDoubleClicked: {}
+
     implicitHeight: 68
     leftPadding: Theme.pageMargin
     rightPadding: Theme.pageMargin

@@ -15,8 +15,9 @@ T.Popup {
     property real preferredWidth: 520
     property real preferredHeight: 620
 
-    // Where the keyboard was.
+    // Where the keyboard was, and whether the user had brought it there by keys.
     property Item before: null
+    property bool byKeyboard: false
     // What of the window is out of reach meanwhile, for a screen reader too.
     property var behind: []
 
@@ -27,10 +28,11 @@ T.Popup {
     height: parent ? Math.min(preferredHeight, parent.height - 32) : preferredHeight
     modal: true
     focus: true
-    closePolicy: T.Popup.CloseOnEscape
+    closePolicy: T.Popup.NoAutoClose
 
     onAboutToShow: {
         before = parent.Window.activeFocusItem;
+        byKeyboard = before?.visualFocus ?? false;
         const items = parent.Window.contentItem.children;
         behind = [];
         for (let i = 0; i < items.length; ++i) {
@@ -43,7 +45,7 @@ T.Popup {
         behind.forEach(item => item.enabled = true);
         behind = [];
         if (before)
-            before.forceActiveFocus(Qt.PopupFocusReason);
+            before.forceActiveFocus(byKeyboard ? Qt.TabFocusReason : Qt.PopupFocusReason);
         before = null;
     }
 
@@ -60,5 +62,10 @@ T.Popup {
         focus: true
         Accessible.role: Accessible.Dialog
         Accessible.name: root.label
+        // A key that is held closes one sheet, not those that wait behind it.
+        Keys.onEscapePressed: event => {
+            if (!event.isAutoRepeat)
+                root.close();
+        }
     }
 }

@@ -16,6 +16,9 @@ BaseButton {
     readonly property color ink: prominent ? Theme.onAccent : destructive ? Theme.beakOrange
                                                                           : Theme.text
 
+    // The second half of a double click may have been meant for what stood here before.
+    onDoubleClicked: {}
+
     implicitWidth: implicitContentWidth + 36
     leftPadding: Math.max(10, (width - implicitContentWidth) / 2)
     rightPadding: leftPadding

@@ -8,6 +8,9 @@ import Tovarin
 BaseButton {
     id: root
 
+    // The second half of a double click may have been meant for what stood here before.
+    onDoubleClicked: {}
+
     implicitWidth: 120
     implicitHeight: 66
     leftPadding: 8
