@@ -106,7 +106,7 @@ FocusScope {
         // is gone.
         function returnToEntry() {
             if (count === 0) {
-                headerItem.takeKeyboard();
+                (headerItem as ContentHeader).takeKeyboard();
                 return;
             }
             const row = root.content.rowOf(shownID);
