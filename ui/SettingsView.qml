@@ -131,6 +131,8 @@ FocusScope {
                                             : "Sent — check notifications")
                                : root.isZh ? "发送测试通知" : "Send test notification"
                         onClicked: root.settings.sendTest()
+                        // Each press sends one, however soon it comes.
+                        onDoubleClicked: root.settings.sendTest()
                     }
                     Note {
                         text: root.isZh

@@ -306,9 +306,11 @@ TEST_P(AppDelegateTest, PlansTheRemindersWheneverTheyChange) {
     ASSERT_EQ(center.requests.size(), 1);
     EXPECT_TRUE(center.requests.first().body.contains(u"Evening Swim"_s));
 
-    // The window that is shown again plans nothing anew.
+    // The window that is shown again plans nothing anew, nor does another day or language.
     const qsizetype calls = center.calls.size();
     delegate.showMainWindow();
+    delegate.noticeDay();
+    LocalizationManager::shared().setLang(isZh() ? Lang::en : Lang::zh);
     EXPECT_EQ(center.calls.size(), calls);
 }
 

@@ -64,8 +64,10 @@ TEST_P(Buttons, ArePressedByTheKeyboard) {
     }
     stage.press(Qt::Key_A);
     EXPECT_EQ(clicks.size(), presses);
-    stage.hold(Qt::Key_Return);
-    EXPECT_EQ(clicks.size(), ++presses);
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
+        stage.hold(key);
+        EXPECT_EQ(clicks.size(), ++presses) << key;
+    }
 }
 
 TEST_P(Buttons, ArePressedByAScreenReader) {

@@ -238,6 +238,8 @@ TEST_P(Toggles, AreFlippedByTheKeyboard) {
     EXPECT_EQ(toggled.size(), 3);
     stage.hold(Qt::Key_Return);
     EXPECT_EQ(toggled.size(), 4);
+    stage.hold(Qt::Key_Space);
+    EXPECT_EQ(toggled.size(), 5);
 }
 
 TEST_P(Toggles, AreFlippedByAScreenReader) {

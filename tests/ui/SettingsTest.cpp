@@ -11,6 +11,7 @@
 #include "ui/SettingsModel.h"
 
 #include <QSignalSpy>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -134,6 +135,14 @@ TEST_P(SettingsTest, SendATest) {
     delays.pass(3s);
     EXPECT_EQ(stage.value("test", "title"),
               isZh() ? u"发送测试通知"_s : u"Send test notification"_s);
+}
+
+TEST_P(SettingsTest, SendATestForEachPress) {
+    const QSignalSpy sent(&model, &SettingsModel::testRequested);
+    QQuickItem &button = stage.item("test");
+    stage.click(button);
+    QTest::mouseDClick(&stage.window(), Qt::LeftButton, {}, stage.middleOf(button));
+    EXPECT_EQ(sent.size(), 3);
 }
 
 TEST_P(SettingsTest, AreVisitedInOrderByTab) {

@@ -86,6 +86,10 @@ void Stage::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
 
 void Stage::hold(Qt::Key key) {
     for (int i = 0; i < 5; ++i) {
+        if (i > 0) {
+            QKeyEvent again(QEvent::KeyRelease, key, Qt::NoModifier, {}, true);
+            QCoreApplication::sendEvent(&m_window, &again);
+        }
         QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, {}, i > 0);
         QCoreApplication::sendEvent(&m_window, &down);
     }

@@ -23,6 +23,8 @@ T.AbstractButton {
     }
     Keys.onReturnPressed: event => press(event)
     Keys.onEnterPressed: event => press(event)
+    // The keyboard lets go of a held Space again and again.
+    Keys.onReleased: event => event.accepted = event.isAutoRepeat && event.key === Qt.Key_Space
 
     // Once for a key that is held.
     function press(event: KeyEvent) {

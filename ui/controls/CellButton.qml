@@ -34,6 +34,8 @@ T.CheckBox {
     Accessible.onToggleAction: pressBy(null)
     Keys.onReturnPressed: event => pressBy(event)
     Keys.onEnterPressed: event => pressBy(event)
+    // The keyboard lets go of a held Space again and again.
+    Keys.onReleased: event => event.accepted = event.isAutoRepeat && event.key === Qt.Key_Space
 
     // By a key, once while it is held, or by a screen reader.
     function pressBy(event: KeyEvent) {

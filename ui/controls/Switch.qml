@@ -30,6 +30,8 @@ T.Switch {
         if (!event.isAutoRepeat)
             flip();
     }
+    // The keyboard lets go of a held Space again and again.
+    Keys.onReleased: event => event.accepted = event.isAutoRepeat && event.key === Qt.Key_Space
 
     function flip() {
         if (!enabled)
