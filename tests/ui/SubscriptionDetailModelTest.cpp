@@ -265,18 +265,23 @@ TEST_P(SubscriptionDetailModelTest, LeavesTheRestToOthers) {
     show(sub);
     QGuiApplication::clipboard()->setText(u"kept"_s);
     using Model = SubscriptionDetailModel;
-    QSignalSpy spies[] = {{&*detail, &Model::editRequested},
-                          {&*detail, &Model::toggleRequested},
-                          {&*detail, &Model::deleteRequested},
-                          {&*detail, &Model::dismissed},
-                          {&*detail, &Model::changed}};
-    void (Model::*const actions[])() = {&Model::edit, &Model::toggle, &Model::deleteSubscription,
-                                        &Model::dismiss};
-    for (std::size_t i = 0; i < std::size(actions); ++i) {
-        (*detail.*actions[i])();
-        for (std::size_t j = 0; j < std::size(spies); ++j)
-            EXPECT_EQ(spies[j].size(), j <= i && j < std::size(actions) ? 1 : 0) << i << ' ' << j;
-    }
+    const QSignalSpy edited(&*detail, &Model::editRequested);
+    const QSignalSpy toggled(&*detail, &Model::toggleRequested);
+    const QSignalSpy deleted(&*detail, &Model::deleteRequested);
+    const QSignalSpy dismissed(&*detail, &Model::dismissed);
+    const QSignalSpy changed(&*detail, &Model::changed);
+    const auto told = [&] {
+        return QList<qsizetype>{edited.size(), toggled.size(), deleted.size(), dismissed.size(),
+                                changed.size()};
+    };
+    detail->edit();
+    EXPECT_EQ(told(), QList<qsizetype>({1, 0, 0, 0, 0}));
+    detail->toggle();
+    EXPECT_EQ(told(), QList<qsizetype>({1, 1, 0, 0, 0}));
+    detail->deleteSubscription();
+    EXPECT_EQ(told(), QList<qsizetype>({1, 1, 1, 0, 0}));
+    detail->dismiss();
+    EXPECT_EQ(told(), QList<qsizetype>({1, 1, 1, 1, 0}));
     EXPECT_EQ(detail->subscription(), sub);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), u"kept"_s);
 }
