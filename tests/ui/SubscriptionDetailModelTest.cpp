@@ -308,7 +308,7 @@ TEST_P(SubscriptionDetailModelTest, ShowsTheRecordThatItIsGiven) {
 }
 
 TEST_P(SubscriptionDetailModelTest, FollowsTheLanguage) {
-    const Case &recurring = cases().first();
+    const Case recurring = cases().first();
     show(with(recurring.change));
     QSignalSpy changes(&*detail, &SubscriptionDetailModel::changed);
     const LanguageScope other(isZh() ? Lang::en : Lang::zh);
