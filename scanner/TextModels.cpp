@@ -10,14 +10,14 @@ using namespace Qt::Literals::StringLiterals;
 namespace tovarin {
 
 QString textModelsFolder(const QString &programFolder) {
-    // From bin/, and from libexec/tovarin/.
+    // From bin/ or a folder of the build tree, and from libexec/tovarin/.
     for (const QString &prefix : {u"/.."_s, u"/../.."_s}) {
-        const QString installed =
+        const QString folder =
             QDir::cleanPath(programFolder + prefix + u"/share/tovarin/TextModels"_s);
-        if (QDir(installed).exists())
-            return installed;
+        if (QDir(folder).exists())
+            return folder;
     }
-    return QString::fromUtf8(TOVARIN_SOURCE_RESOURCES) + u"/TextModels"_s;
+    return {};
 }
 
 } // namespace tovarin

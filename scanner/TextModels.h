@@ -7,8 +7,9 @@
 
 namespace tovarin {
 
-/// The folder of the models that recognise text: where it is installed, as seen from the folder of
-/// the program, else where the program's sources are.
+/// The folder of the models that recognise text, share/tovarin/TextModels, as seen from the folder
+/// of the program: where they are installed, or in the build tree, which links it to the sources'.
+/// Empty when it is nowhere.
 QString textModelsFolder(const QString &programFolder);
 
 } // namespace tovarin
