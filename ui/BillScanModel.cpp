@@ -19,11 +19,16 @@ BillScanModel::BillScanModel(ScanJob &job, OpenPanel &panel, QObject *parent)
 }
 
 void BillScanModel::scanReceiptImages() {
-    if (m_isScanning)
+    if (m_isScanning || m_isAsking)
         return;
+    m_isAsking = true;
     const QList<QUrl> urls = ReceiptScanner::fileURLsFromPanel(m_panel, true);
-    if (!urls.isEmpty())
-        scan(urls);
+    m_isAsking = false;
+    readFiles(urls);
+}
+
+void BillScanModel::pressScan() {
+    QMetaObject::invokeMethod(this, &BillScanModel::scanReceiptImages, Qt::QueuedConnection);
 }
 
 bool BillScanModel::handleDrop(const QList<QUrl> &urls) {

@@ -39,9 +39,13 @@ public:
     /// Whether the last scan gave no draft.
     bool foundNothing() const { return m_foundNothing; }
 
-    /// Asks the user for files and has them read. Nothing happens while a scan is running, or when
-    /// the user chooses none.
-    Q_INVOKABLE void scanReceiptImages();
+    /// Asks the user for files and has them read, after a scan that began meanwhile. Nothing
+    /// happens while the user is asked already or a scan is running, or when the user chooses none.
+    void scanReceiptImages();
+
+    /// The same from the event loop. A screen reader that presses the button waits for the end of
+    /// the press, which must not be that of the panel.
+    Q_INVOKABLE void pressScan();
 
     /// Has dropped files read; what is not a local file does not count. False when none is left or
     /// a scan is running.
@@ -64,6 +68,7 @@ private:
     ScanJob &m_job;
     OpenPanel &m_panel;
     QList<QUrl> m_waiting;
+    bool m_isAsking = false; ///< The panel is open.
     bool m_isScanning = false;
     int m_filesDone = 0;
     int m_filesTotal = 0;

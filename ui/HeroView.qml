@@ -118,7 +118,7 @@ HUDSurface {
                        ? (root.isZh ? "识别中 " : "Scanning ") + root.bills.filesDone + "/"
                          + root.bills.filesTotal
                        : root.isZh ? "扫描识别" : "Scan"
-                onClicked: root.bills.scanReceiptImages()
+                onClicked: root.bills.pressScan()
             }
             ThemeText {
                 Layout.fillWidth: true

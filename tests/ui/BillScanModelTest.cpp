@@ -11,11 +11,27 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
 
 namespace {
+
+/// A panel in which the user chooses these files, while something else happens.
+class SlowPanel final : public OpenPanel {
+public:
+    QList<QUrl> run(const Request &) override {
+        ++runs;
+        meanwhile();
+        return choice;
+    }
+
+    std::function<void()> meanwhile;
+    QList<QUrl> choice;
+    int runs = 0;
+};
 
 class BillScanModelTest : public testing::Test {
 protected:
@@ -131,6 +147,47 @@ TEST_F(BillScanModelTest, ReadsFilesThatAreHandedOverWhileItScansAfterwards) {
     EXPECT_EQ(tellings, 2);
     model.readFiles({QUrl(u"https://example.com"_s)});
     EXPECT_FALSE(model.isScanning());
+}
+
+TEST_F(BillScanModelTest, AsksAfterThePressIsOver) {
+    panel.choice = filesNamed({u"bill"_s});
+    model.pressScan();
+    EXPECT_EQ(panel.requests.size(), 0);
+    ASSERT_TRUE(waitFor([this] { return tellings == 1; }));
+    EXPECT_EQ(panel.requests.size(), 1);
+    EXPECT_EQ(found, QStringList({u"bill"_s}));
+}
+
+TEST_F(BillScanModelTest, AsksOnceWhileThePanelIsOpen) {
+    SlowPanel slow;
+    BillScanModel asking(job, slow);
+    slow.meanwhile = [&] {
+        asking.scanReceiptImages();
+        asking.pressScan();
+        QCoreApplication::processEvents();
+    };
+    asking.scanReceiptImages();
+    EXPECT_EQ(slow.runs, 1);
+    EXPECT_FALSE(asking.isScanning());
+    slow.meanwhile = [] {};
+    asking.scanReceiptImages();
+    EXPECT_EQ(slow.runs, 2);
+}
+
+TEST_F(BillScanModelTest, ReadsTheChosenFilesAfterAScanThatBeganMeanwhile) {
+    SlowPanel slow;
+    BillScanModel asking(job, slow);
+    QStringList names;
+    QObject::connect(&asking, &BillScanModel::draftsFound, [&](const QList<Subscription> &drafts) {
+        for (const Subscription &draft : drafts)
+            names.append(draft.name);
+    });
+    slow.choice = filesNamed({u"bill two"_s});
+    slow.meanwhile = [&] { asking.readFiles(filesNamed({u"bill one"_s})); };
+    asking.scanReceiptImages();
+    EXPECT_TRUE(asking.isScanning());
+    ASSERT_TRUE(waitFor([&] { return names.size() == 2; }));
+    EXPECT_EQ(names, QStringList({u"bill one"_s, u"bill two"_s}));
 }
 
 TEST_F(BillScanModelTest, RefusesMoreWhileItScans) {
