@@ -66,9 +66,11 @@ class Bus:
             address, Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
         self.c.set_exit_on_close(False)
 
-    def call(self, dest, path, iface, method, sig=None, *args, timeout=5.0):
+    def call(self, dest, path, iface, method, sig=None, *args, timeout=5.0, starting=False):
+        """starting: the bus may start who is called."""
+        flags = Gio.DBusCallFlags.NONE if starting else Gio.DBusCallFlags.NO_AUTO_START
         r = self.c.call_sync(dest, path, iface, method, GLib.Variant(sig, args) if sig else None, None,
-                             Gio.DBusCallFlags.NO_AUTO_START, int(timeout * 1000), None)
+                             flags, int(timeout * 1000), None)
         r = r.unpack() if r is not None else ()
         return r[0] if len(r) == 1 else r
 
@@ -811,7 +813,8 @@ class Session:
     the icon on it), "trayer" (only the old XEmbed protocol), "none".   notifications: "record", "dunst", "none".
     size: of the screen. keyboard: arguments for setxkbmap, e.g. "de". env: for every program started with start().
     root: directory to work in, which is then kept (also with keep=True); it has log/, home/, data/, config/, ...
-    prepare: called with the session once its directories exist and nothing runs yet, to put files there.
+    prepare: called with the session once its directories exist and nothing runs yet, to put files there; the session bus
+    starts what the service files in services/ name.
     lang, language: LANG and LANGUAGE (Qt reads them itself, no generated locale is needed)."""
 
     def __init__(self, lang="C.UTF-8", language=None, tz="UTC", clock=None, size=(1280, 900), tray="sni", notifications="record",
@@ -839,7 +842,7 @@ class Session:
         o, r = self.opts, self.root
         dirs = dict(HOME=self.home, XDG_CONFIG_HOME=r + "/config", XDG_DATA_HOME=r + "/data", XDG_CACHE_HOME=r + "/cache",
                     XDG_STATE_HOME=r + "/state", XDG_RUNTIME_DIR=r + "/run", TMPDIR=r + "/tmp")
-        for d in list(dirs.values()) + [r + "/log", r + "/bin"]:
+        for d in list(dirs.values()) + [r + "/log", r + "/bin", r + "/services"]:
             os.makedirs(d, mode=0o700, exist_ok=True)
         # a browser or file manager "opens" by writing down what it was given
         self.opened_file = r + "/opened"
@@ -868,7 +871,8 @@ class Session:
         self.bus_address, self.system_address = f"unix:path={r}/run/bus", f"unix:path={r}/run/system_bus"
         for name, addr in (("session", self.bus_address), ("system", self.system_address)):
             with open(f"{r}/{name}.conf", "w") as f:
-                f.write(f"<busconfig><type>session</type><listen>{addr}</listen><policy context='default'><allow send_destination='*' eavesdrop='true'/>"
+                services = f"<servicedir>{r}/services</servicedir>" if name == "session" else ""
+                f.write(f"<busconfig><type>session</type><listen>{addr}</listen>{services}<policy context='default'><allow send_destination='*' eavesdrop='true'/>"
                         "<allow eavesdrop='true'/><allow own='*'/></policy></busconfig>")
             self.spawn("dbus-" + name, ["dbus-daemon", "--nofork", f"--config-file={r}/{name}.conf"])
             wait_for(f"the {name} bus", lambda: os.path.exists(addr[len("unix:path="):]))
