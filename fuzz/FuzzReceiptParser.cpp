@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/LocalizationManager.h"
+#include "fuzz/Require.h"
 #include "model/CurrencyRates.h"
 #include "model/SubscriptionJson.h"
 #include "scan/parser/Graphemes.h"
@@ -13,7 +14,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 
 using namespace std::chrono_literals;
 using namespace Qt::Literals::StringLiterals;
@@ -26,11 +26,6 @@ class FixedClock final : public Clock {
 public:
     Instant now() const override { return std::chrono::sys_days(2025y / 11 / 21) + 12h; }
 };
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 /// Any bytes are a text: of UTF-16 units, so that broken surrogates come up, when the first byte is
 /// odd, and of UTF-8 otherwise.

@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: The Tovarin developers
 // SPDX-License-Identifier: MIT
 
+#include "fuzz/Require.h"
 #include "model/SubscriptionJson.h"
 
 #include <cstdint>
-#include <cstdlib>
 
+using tovarin::require;
 using tovarin::Subscription;
 
 /// Whatever decodes must encode, and come back as the same list.
@@ -16,11 +17,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (list == nullptr)
         return 0;
     const auto encoded = tovarin::encodeSubscriptions(*list);
-    if (!encoded)
-        std::abort();
+    require(encoded.has_value());
     const auto second = tovarin::decodeSubscriptions(*encoded);
     const auto *again = std::get_if<QList<Subscription>>(&second);
-    if (again == nullptr || *again != *list)
-        std::abort();
+    require(again != nullptr && *again == *list);
     return 0;
 }
