@@ -9,20 +9,19 @@ set(CPACK_PACKAGE_CONTACT "The Tovarin developers <developers@tovarin.invalid>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "keep track of what you pay for")
 set(CPACK_PACKAGING_INSTALL_PREFIX ${CMAKE_INSTALL_PREFIX})
 set(CPACK_STRIP_FILES ON)
-# Whatever the umask of who builds it.
-set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
-    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/TidyPackage.cmake)
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION x11)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-"Tovarin keeps track of subscriptions and one-time purchases. It shows what they cost a month and a
-year and what is due within a week, in Chinese and in English, and reminds you before each renewal.
+"Tovarin keeps track of subscriptions and one-time purchases. It shows what
+they cost a month and a year and what is due within a week, in Chinese and in
+English, and reminds you before each renewal.
 
-Entries are typed in, ticked in a catalog of common services, or read from bills: screenshots,
-photographs and PDF files. Everything stays on the machine; the text of bills is recognised there,
-too, without a network.")
+Entries are typed in, ticked in a catalog of common services, or read from
+bills: screenshots, photographs and PDF files. Everything stays on the
+machine; the text of bills is recognised there, too, without a network.")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_BINARY_DIR}/debian/conffiles)
 
