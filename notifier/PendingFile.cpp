@@ -135,10 +135,12 @@ std::optional<PendingFile::Contents> PendingFile::decode(const QByteArray &json)
     if (object["version"_L1] != version || !next || !object["requests"_L1].isArray())
         return std::nullopt;
     Contents contents{*next, {}};
+    QSet<quint64> serials;
     for (const QJsonValue value : object["requests"_L1].toArray()) {
         const std::optional<PendingEntry> entry = entryOf(value.toObject());
-        if (!entry || entry->serial >= contents.next)
+        if (!entry || entry->serial >= contents.next || serials.contains(entry->serial))
             return std::nullopt;
+        serials.insert(entry->serial);
         contents.entries.append(*entry);
     }
     return contents;

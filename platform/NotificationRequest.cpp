@@ -85,7 +85,7 @@ bool NotificationRequest::isValid() const {
         title.size() > longestText || body.size() > longestText)
         return false;
     if (const auto *const after = std::get_if<TimeIntervalTrigger>(&trigger))
-        return after->interval > 0ms && after->interval < milliseconds(qint64(largestExact));
+        return after->interval > 0ms && after->interval <= longestInterval;
     const auto &calendar = std::get<CalendarTrigger>(trigger);
     return toDate(calendar.day).isValid() && calendar.time >= 0min && calendar.time < 24h;
 }

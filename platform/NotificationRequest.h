@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <chrono>
+#include <cstdint>
 #include <optional>
 #include <variant>
 
@@ -54,6 +55,9 @@ struct NotificationRequest {
 
     static constexpr qsizetype longestIdentifier = 200; ///< In UTF-16 units, and never empty.
     static constexpr qsizetype longestText = 65'536;    ///< The same, of title and body each.
+
+    /// The moment at which the longest is over is still a number that JSON has.
+    static constexpr std::chrono::milliseconds longestInterval{std::int64_t{1} << 52};
 
     /// Whether it keeps to what is said here of its parts. Nobody takes one that does not.
     bool isValid() const;

@@ -77,6 +77,17 @@ TEST_F(PendingFileTest, KeepsItsEntries) {
     EXPECT_EQ(files(), QStringList(u"notifications.json"_s));
 }
 
+TEST_F(PendingFileTest, KeepsTheEndOfTheLongestInterval) {
+    const Instant end = instant("9999-12-31T23:59:59Z") + NotificationRequest::longestInterval;
+    const QList<PendingEntry> entries{
+        {1, after(NotificationRequest::longestInterval, u"a"_s), end, false}};
+    PendingFile file(folder());
+    file.load();
+    EXPECT_EQ(file.newSerial(), 1U);
+    EXPECT_TRUE(file.save(entries, false));
+    EXPECT_EQ(load(), entries);
+}
+
 TEST_F(PendingFileTest, BeginsEmpty) {
     EXPECT_EQ(load(), QList<PendingEntry>());
     EXPECT_EQ(files(), QStringList());
@@ -167,6 +178,7 @@ TEST_F(PendingFileTest, SetsADamagedFileAside) {
         changed(u"requests"_s, QJsonObject()),
         changed(u"requests"_s, QJsonArray{1}),
         changedEntry(0, u"serial"_s, 0),
+        changedEntry(0, u"serial"_s, 2),
         changedEntry(0, u"serial"_s, u"1"_s),
         changedEntry(0, u"serial"_s, QJsonValue::Undefined),
         changedEntry(0, u"body"_s, QJsonValue::Undefined),
