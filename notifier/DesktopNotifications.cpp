@@ -66,6 +66,11 @@ bool isAbsence(const QDBusError &error) {
     }
 }
 
+/// The bus knows how to start a service, and it did not work. It would not the next time either.
+bool isFailedStart(const QDBusError &error) {
+    return error.name().startsWith(u"org.freedesktop.DBus.Error.Spawn."_s);
+}
+
 bool isSilence(const QDBusError &error) {
     switch (error.type()) {
     case QDBusError::NoReply:
@@ -93,21 +98,28 @@ DesktopNotifications::DesktopNotifications(const QDBusConnection &bus, QString a
             });
 }
 
-void DesktopNotifications::prepare(std::function<void(bool)> answer) {
+void DesktopNotifications::prepare(std::function<void(Presence)> answer) {
     if (m_capabilities) {
-        answer(true);
+        answer(Presence::there);
         return;
     }
     const auto call =
         QDBusMessage::createMethodCall(serviceName, objectPath, serviceName, u"GetCapabilities"_s);
     auto *const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this,
-            [this, answer = std::move(answer)](QDBusPendingCallWatcher *finished) {
+            [this, answer = std::move(answer),
+             service = m_services](QDBusPendingCallWatcher *finished) {
                 finished->deleteLater();
                 const QDBusPendingReply<QStringList> reply = *finished;
-                if (!reply.isError())
+                const bool hasGone = service != m_services;
+                if (!reply.isError() && !hasGone) {
                     m_capabilities = reply.value();
-                answer(!reply.isError());
+                    answer(Presence::there);
+                    return;
+                }
+                const bool isAbsent =
+                    hasGone || isAbsence(reply.error()) || isFailedStart(reply.error());
+                answer(isAbsent ? Presence::absent : Presence::silent);
             });
 }
 
@@ -126,12 +138,16 @@ void DesktopNotifications::post(const NotificationRequest &request,
     ++m_posting;
     auto *const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this,
-            [this, answer = std::move(answer)](QDBusPendingCallWatcher *finished) {
+            [this, answer = std::move(answer),
+             service = m_services](QDBusPendingCallWatcher *finished) {
                 finished->deleteLater();
                 --m_posting;
                 const QDBusPendingReply<uint> reply = *finished;
                 if (!reply.isError()) {
-                    m_shown.insert(reply.value());
+                    // Qt may tell of the service's end before it tells of its last answer.
+                    if (service == m_services)
+                        m_shown.insert(reply.value());
+                    stopListening();
                     answer(Outcome::shown);
                     return;
                 }
@@ -185,6 +201,7 @@ void DesktopNotifications::forget(uint id) {
 }
 
 void DesktopNotifications::forgetService() {
+    ++m_services;
     m_capabilities.reset();
     m_shown.clear();
     m_tokens.clear();

@@ -35,7 +35,7 @@ public:
     DesktopNotifications(const QDBusConnection &bus, QString applicationId,
                          QObject *parent = nullptr);
 
-    void prepare(std::function<void(bool isThere)> answer) override;
+    void prepare(std::function<void(Presence presence)> answer) override;
     void post(const NotificationRequest &request,
               std::function<void(Outcome outcome)> answer) override;
     bool isShowing() const override { return !m_shown.isEmpty(); }
@@ -63,6 +63,7 @@ private:
     QHash<uint, QString> m_tokens;
     bool m_listens = false;
     int m_posting = 0;
+    int m_services = 0; ///< That have gone.
 };
 
 } // namespace tovarin

@@ -22,9 +22,15 @@ public:
         absent,  ///< Certainly not shown: there is no service any more.
     };
 
+    enum class Presence {
+        there,
+        absent, ///< It will tell with appeared() when it comes.
+        silent, ///< It may be there, but does not answer as it should. Nobody tells when it will.
+    };
+
     /// Finds out whether the service is there, and starts it where it can be started. The answer
     /// comes at once or from the event loop.
-    virtual void prepare(std::function<void(bool isThere)> answer) = 0;
+    virtual void prepare(std::function<void(Presence presence)> answer) = 0;
 
     /// Hands the notification over, before it returns, to a service that was there when asked. The
     /// outcome comes at once or from the event loop.

@@ -20,6 +20,9 @@ namespace {
 
 constexpr milliseconds retryInterval = 5min;
 
+/// How long a plan may be on its way.
+constexpr milliseconds planTime = 1min;
+
 } // namespace
 
 Notifier::Notifier(const Clock &clock, const UserZone &zone, const QString &folder,
@@ -46,7 +49,9 @@ Notifier::Notifier(const Clock &clock, const UserZone &zone, const QString &fold
     connect(&m_service, &NotificationService::shownNothing, this, &Notifier::tellIfIdle);
 }
 
-void Notifier::change(const QList<NotificationMessages::Change> &changes) {
+bool Notifier::change(const QList<NotificationMessages::Change> &changes) {
+    if (!fits(changes))
+        return false;
     const Instant now = m_clock.now();
     collectDue(now);
     for (const NotificationMessages::Change &change : changes) {
@@ -66,6 +71,7 @@ void Notifier::change(const QList<NotificationMessages::Change> &changes) {
     deliver();
     arm();
     tellIfIdle();
+    return true;
 }
 
 QList<NotificationRequest> Notifier::pending() const {
@@ -93,7 +99,18 @@ void Notifier::look() {
 }
 
 bool Notifier::isIdle() const {
-    return m_pending.isEmpty() && m_due.isEmpty() && !m_service.isShowing();
+    return m_pending.isEmpty() && m_due.isEmpty() && m_held.isEmpty() && !m_service.isShowing();
+}
+
+bool Notifier::fits(const QList<NotificationMessages::Change> &changes) const {
+    qsizetype count = m_pending.size();
+    return std::ranges::all_of(changes, [&](const NotificationMessages::Change &change) {
+        if (std::holds_alternative<NotificationMessages::RemoveAllPending>(change))
+            count = 0;
+        else if (std::holds_alternative<NotificationRequest>(change))
+            ++count;
+        return count <= mostPending;
+    });
 }
 
 std::optional<Instant> Notifier::momentOf(const PendingEntry &entry) const {
@@ -104,6 +121,10 @@ std::optional<Instant> Notifier::momentOf(const PendingEntry &entry) const {
 }
 
 void Notifier::add(const NotificationRequest &request, Instant now) {
+    if (isCollected(request, now)) {
+        remove(request.identifier);
+        return;
+    }
     PendingEntry entry{m_file.newSerial(), request, std::nullopt, false};
     if (const auto *const trigger = std::get_if<TimeIntervalTrigger>(&request.trigger))
         entry.deadline = now + trigger->interval;
@@ -136,18 +157,34 @@ bool Notifier::collectDue(Instant now) {
     QSet<QString> identifiers;
     for (const Pending &pending : due)
         identifiers.insert(pending.entry.request.identifier);
+    const auto isReplaced = [&](const PendingEntry &other) {
+        return identifiers.contains(other.request.identifier);
+    };
     const auto waiting = m_due.begin() + (m_isPosting ? 1 : 0);
-    m_due.erase(std::remove_if(waiting, m_due.end(),
-                               [&](const PendingEntry &other) {
-                                   return identifiers.contains(other.request.identifier);
-                               }),
-                m_due.end());
+    m_due.erase(std::remove_if(waiting, m_due.end(), isReplaced), m_due.end());
+    m_held.removeIf(isReplaced);
     for (Pending &pending : due) {
         remove(pending.entry.request.identifier);
+        rememberCollected(pending, now);
         pending.entry.isDue = true;
         m_due.append(pending.entry);
     }
     return !due.empty();
+}
+
+bool Notifier::isCollected(const NotificationRequest &request, Instant now) const {
+    const auto *const trigger = std::get_if<CalendarTrigger>(&request.trigger);
+    const auto found = m_collected.constFind(request.identifier);
+    return trigger && found != m_collected.cend() && found->trigger == *trigger &&
+           found->moment <= now && now - found->moment <= planTime;
+}
+
+void Notifier::rememberCollected(const Pending &pending, Instant now) {
+    m_collected.removeIf([now](const QHash<QString, Collected>::iterator &other) {
+        return now - other->moment > planTime;
+    });
+    if (const auto *const trigger = std::get_if<CalendarTrigger>(&pending.entry.request.trigger))
+        m_collected[pending.entry.request.identifier] = {*pending.moment, *trigger};
 }
 
 bool Notifier::shortenIntervals(Instant now) {
@@ -166,36 +203,44 @@ bool Notifier::shortenIntervals(Instant now) {
 }
 
 void Notifier::save() {
-    QList<PendingEntry> entries = m_due;
+    QList<PendingEntry> entries = m_held + m_due;
     for (const Pending &pending : std::as_const(m_pending))
         entries.append(pending.entry);
     m_file.save(entries, m_isPosting);
 }
 
 void Notifier::arm() {
-    std::optional<Instant> next = m_retryAt;
-    for (const Pending &pending : std::as_const(m_pending)) {
-        if (pending.moment && (!next || *pending.moment < *next))
-            next = pending.moment;
-    }
-    if (next)
-        m_timer.ringAt(*next);
+    Instant next = Instant::max();
+    // What is to be tried again waits for the one that is on its way, however long that takes.
+    if (m_retryAt && !m_isDelivering)
+        next = *m_retryAt;
+    for (const Pending &pending : std::as_const(m_pending))
+        next = std::min(next, pending.moment.value_or(Instant::max()));
+    if (next != Instant::max())
+        m_timer.ringAt(next);
 }
 
 void Notifier::deliver() {
-    if (m_isDelivering || m_due.isEmpty() || (m_retryAt && m_clock.now() < *m_retryAt))
+    if (m_isDelivering)
         return;
-    m_retryAt.reset();
+    if (!m_retryAt || m_clock.now() >= *m_retryAt) {
+        m_retryAt.reset();
+        m_due = std::exchange(m_held, {}) + m_due;
+    }
+    if (m_due.isEmpty())
+        return;
     m_isDelivering = true;
     m_hasAppeared = false;
-    m_service.prepare([this](bool isThere) {
-        if (isThere) {
+    m_service.prepare([this](NotificationService::Presence presence) {
+        if (presence == NotificationService::Presence::there) {
             post();
-        } else {
-            m_isDelivering = false;
-            if (m_hasAppeared)
-                tryAgain();
+            return;
         }
+        if (m_hasAppeared)
+            tryAgain();
+        else if (presence == NotificationService::Presence::silent)
+            hold(m_due.size());
+        endDelivery();
     });
 }
 
@@ -208,25 +253,34 @@ void Notifier::post() {
 
 void Notifier::finish(NotificationService::Outcome outcome) {
     using enum NotificationService::Outcome;
-    m_isDelivering = m_isPosting = false;
+    m_isPosting = false;
     if (outcome == shown) {
         m_due.removeFirst();
         if (m_due.isEmpty())
             save();
-        else
-            tryAgain();
-        tellIfIdle();
-        return;
+    } else {
+        // Under its old serial it counts as posted.
+        m_due.first().serial = m_file.newSerial();
+        save();
+        if (outcome == refused || !m_hasAppeared)
+            hold(1);
     }
-    // Under its old serial it counts as posted.
-    m_due.first().serial = m_file.newSerial();
-    save();
-    if (outcome == refused) {
+    endDelivery();
+    tryAgain();
+    tellIfIdle();
+}
+
+void Notifier::hold(qsizetype count) {
+    m_held += m_due.first(count);
+    m_due.remove(0, count);
+    if (!m_retryAt)
         m_retryAt = m_clock.now() + retryInterval;
+}
+
+void Notifier::endDelivery() {
+    m_isDelivering = false;
+    if (m_retryAt)
         arm();
-    } else if (m_hasAppeared) {
-        tryAgain();
-    }
 }
 
 void Notifier::tryAgain() {

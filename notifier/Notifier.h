@@ -24,12 +24,18 @@ namespace tovarin {
 /// service to post it to, in the order of the moments. It is not pending any more: neither removing
 /// it nor setting the clock back calls it back. A request of the same identifier that comes due
 /// later, while nobody can show either, takes its place, so that a desktop without a service
-/// gathers one notification for each identifier at the most.
+/// gathers one notification for each identifier at the most. What the service refuses, or does not
+/// answer for, is tried again five minutes later and when a service appears; it holds up no other.
 ///
 /// The moment of a calendar trigger is taken in the zone of now (UserZone::instantOf); a change of
 /// zone moves it. An interval counts from when the request is added, over restarts too, by the wall
 /// clock; one that, because the clock was set back, would take longer than the whole interval from
 /// now on takes just that. What came due while nobody ran is posted at the start.
+///
+/// A plan that was made just before a moment may arrive just after it, and bring a request again
+/// that has come due meanwhile. One with the identifier and the calendar trigger of what came due
+/// within a minute is therefore taken for the same and not kept. (A notifier that was killed in
+/// that minute does not know of it, and posts it *twice*.)
 ///
 /// Once, also when the process is killed. The serial of a request is noted on disk just before it
 /// is handed to the session bus, and what is noted is never posted again:
@@ -57,8 +63,12 @@ public:
     Notifier(const Clock &clock, const UserZone &zone, const QString &folder,
              NotificationService &service, QObject *parent = nullptr);
 
-    /// Does the changes in their order. They are on the disk afterwards, if it takes them.
-    void change(const QList<NotificationMessages::Change> &changes);
+    /// So many are kept at the most; a person has some hundreds.
+    static constexpr qsizetype mostPending = 100'000;
+
+    /// Does the changes in their order. They are on the disk afterwards, if it takes them. False,
+    /// and nothing is done, when more than `mostPending` might be pending on the way.
+    bool change(const QList<NotificationMessages::Change> &changes);
 
     /// In the order in which they were added, without what has come due.
     QList<NotificationRequest> pending() const;
@@ -83,17 +93,27 @@ private:
         std::optional<Instant> moment; ///< None for a day that no clock reaches.
     };
 
+    struct Collected {
+        Instant moment;
+        CalendarTrigger trigger;
+    };
+
+    bool fits(const QList<NotificationMessages::Change> &changes) const;
     std::optional<Instant> momentOf(const PendingEntry &entry) const;
     void add(const NotificationRequest &request, Instant now);
     void keep(const PendingEntry &entry);
     void remove(const QString &identifier);
     bool collectDue(Instant now);
+    bool isCollected(const NotificationRequest &request, Instant now) const;
+    void rememberCollected(const Pending &pending, Instant now);
     bool shortenIntervals(Instant now);
     void save();
     void arm();
     void deliver();
     void post();
     void finish(NotificationService::Outcome outcome);
+    void hold(qsizetype count);
+    void endDelivery();
     void tryAgain();
     void tellIfIdle();
 
@@ -105,7 +125,9 @@ private:
     QMap<quint64, Pending> m_pending;  ///< By serial.
     QHash<QString, quint64> m_serials; ///< Of the pending, by identifier.
     QList<PendingEntry> m_due;         ///< The first is posted next, or just now.
-    std::optional<Instant> m_retryAt;  ///< After a refusal.
+    QList<PendingEntry> m_held;        ///< Due, too, and not tried again before m_retryAt.
+    std::optional<Instant> m_retryAt;
+    QHash<QString, Collected> m_collected; ///< What has come due lately, by identifier.
     bool m_isDelivering = false;
     bool m_isPosting = false;   ///< The first of those due is on its way.
     bool m_hasAppeared = false; ///< The service has, since it was asked for.

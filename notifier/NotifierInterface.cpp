@@ -21,7 +21,10 @@ uint NotifierInterface::Change(const QString &changes) {
         sendErrorReply(QDBusError::InvalidArgs, u"Not a list of changes"_s);
         return 0;
     }
-    m_notifier->change(*decoded);
+    if (!m_notifier->change(*decoded)) {
+        sendErrorReply(QDBusError::LimitsExceeded, u"Too many requests"_s);
+        return 0;
+    }
     return static_cast<uint>(m_notifier->pending().size());
 }
 

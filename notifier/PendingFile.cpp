@@ -28,6 +28,11 @@ namespace {
 constexpr int version = 1;
 constexpr qint64 longestFile = 256 * 1024 * 1024;
 constexpr double largestExact = 9007199254740992.0; // 2^53
+constexpr char endMark = '.';
+
+bool isDigit(char character) {
+    return character >= '0' && character <= '9';
+}
 
 std::optional<qint64> wholeNumber(const QJsonValue &value) {
     const double number = value.toDouble(largestExact);
@@ -66,13 +71,15 @@ std::optional<PendingEntry> entryOf(const QJsonObject &object) {
     return entry;
 }
 
-/// Lines that are no numbers were cut off by a crash.
+/// Lines that are anything but digits with the mark behind them were cut off by a crash.
 QSet<quint64> postedSerials(const QByteArray &lines) {
     QSet<quint64> serials;
     for (const QByteArray &line : lines.split('\n')) {
+        if (!line.endsWith(endMark) || !std::all_of(line.begin(), line.end() - 1, isDigit))
+            continue;
         bool isNumber = false;
-        const quint64 serial = line.toULongLong(&isNumber);
-        if (isNumber)
+        const quint64 serial = line.chopped(1).toULongLong(&isNumber);
+        if (isNumber && serial < static_cast<quint64>(largestExact))
             serials.insert(serial);
     }
     return serials;
@@ -126,7 +133,7 @@ void PendingFile::notePosted(quint64 serial) {
     QFile file(m_postedPath);
     // The line before may have been cut off.
     if (file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
-        file.write('\n' + QByteArray::number(serial) + '\n');
+        file.write('\n' + QByteArray::number(serial) + endMark + '\n');
 }
 
 std::optional<PendingFile::Contents> PendingFile::decode(const QByteArray &json) {

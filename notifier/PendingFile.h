@@ -30,10 +30,11 @@ struct PendingEntry {
 /// with its "serial" and, where there is one, its "deadline" in milliseconds since 1970; "due" is
 /// true or missing. It is replaced as a whole (DurableFile): a crash leaves the old or the new.
 ///
-/// Beside it, "notifications.posted" has the serials of what was posted since, a line each. A line
-/// is added, which costs little, just before something is posted, and the file is taken away once
-/// its lines are in the other. It is not synced, so it outlives the process but not a power cut,
-/// in which the screen loses what stood there, too.
+/// Beside it, "notifications.posted" has the serials of what was posted since, a line each that a
+/// full stop ends: one that a crash cut off names nothing. A line is added, which costs little,
+/// just before something is posted, and the file is taken away once its lines are in the other. It
+/// is not synced, so it outlives the process but not a power cut, in which the screen loses what
+/// stood there, too.
 ///
 /// A file that is damaged, or that a newer version has written, is set aside: it gets the first
 /// free name "notifications.json.aside-1", "-2" and so on, and another is begun. If it cannot be

@@ -56,13 +56,26 @@ std::optional<QList<Item>> decodeList(const QByteArray &json, ItemOf itemOf) {
     return items;
 }
 
+QByteArray encode(const Change &change) {
+    return QJsonDocument(std::visit(Encoder(), change)).toJson(QJsonDocument::Compact);
+}
+
 } // namespace
 
-QByteArray encodeChanges(const QList<Change> &changes) {
-    QJsonArray array;
-    for (const Change &change : changes)
-        array.append(std::visit(Encoder(), change));
-    return QJsonDocument(array).toJson(QJsonDocument::Compact);
+EncodedChanges encodeChanges(const QList<Change> &changes) {
+    EncodedChanges encoded{"[", 0};
+    for (const Change &change : changes) {
+        const QByteArray next = encode(change);
+        const qsizetype length = encoded.json.size() + next.size() + 2;
+        if (encoded.count > 0 && length > longestChanges)
+            break;
+        if (encoded.count > 0)
+            encoded.json += ',';
+        encoded.json += next;
+        ++encoded.count;
+    }
+    encoded.json += ']';
+    return encoded;
 }
 
 std::optional<QList<Change>> decodeChanges(const QByteArray &json) {

@@ -19,8 +19,10 @@
 /// `interface`, which has two methods:
 ///
 /// - `Change(in s changes, out u pending)`: does all the changes, in their order, or none; answers
-///   with how many requests are pending then, once they are on the disk. What is not a list of
-///   changes, or too long, gets the error org.freedesktop.DBus.Error.InvalidArgs and does nothing.
+///   with how many requests are pending then, once they are on the disk, if it takes them. What is
+///   not a list of changes, or too long, gets the error org.freedesktop.DBus.Error.InvalidArgs;
+///   what would leave too many pending (Notifier::mostPending),
+///   org.freedesktop.DBus.Error.LimitsExceeded. Neither does anything.
 /// - `Pending(out s requests)`: the pending requests in the order in which they were added.
 ///
 /// Both texts are JSON; the functions here write and read them.
@@ -46,8 +48,14 @@ struct RemoveAllPending {
 /// A request is one to be added.
 using Change = std::variant<NotificationRequest, RemovePending, RemoveAllPending>;
 
-/// `[{"removeAll":true},{"remove":["renew-…"]},{"add":{…}}]`; see NotificationRequest::toJson.
-QByteArray encodeChanges(const QList<Change> &changes);
+struct EncodedChanges {
+    QByteArray json;
+    qsizetype count; ///< So many of the changes, from the first.
+};
+
+/// `[{"removeAll":true},{"remove":["renew-…"]},{"add":{…}}]`; see NotificationRequest::toJson. As
+/// many as `longestChanges` has room for, but the first in any case.
+EncodedChanges encodeChanges(const QList<Change> &changes);
 
 /// No value if any of it is something else, or is too long.
 std::optional<QList<Change>> decodeChanges(const QByteArray &json);

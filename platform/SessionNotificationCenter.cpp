@@ -35,8 +35,17 @@ QDBusMessage call(const QString &method) {
                                           NotificationMessages::interface, method);
 }
 
-QDBusMessage changeCall(const QList<NotificationMessages::Change> &changes) {
-    return call(u"Change"_s) << QString::fromUtf8(NotificationMessages::encodeChanges(changes));
+QDBusMessage changeCall(const NotificationMessages::EncodedChanges &changes) {
+    return call(u"Change"_s) << QString::fromUtf8(changes.json);
+}
+
+/// The first part of a text that is too long for a notification.
+QString shortened(const QString &text) {
+    constexpr qsizetype longest = NotificationRequest::longestText;
+    if (text.size() <= longest)
+        return text;
+    // Not in the middle of a surrogate pair.
+    return text.left(text[longest - 1].isHighSurrogate() ? longest - 1 : longest);
 }
 
 /// The notifier has understood the call and would not do it; another try would change nothing.
@@ -99,8 +108,11 @@ void SessionNotificationCenter::requestAuthorization(AuthorizationOptions,
 }
 
 void SessionNotificationCenter::add(const NotificationRequest &request) {
-    if (request.isValid())
-        enqueue(request);
+    NotificationRequest kept = request;
+    kept.title = shortened(request.title);
+    kept.body = shortened(request.body);
+    if (kept.isValid())
+        enqueue(kept);
 }
 
 void SessionNotificationCenter::removePending(const QStringList &identifiers) {
@@ -145,10 +157,12 @@ void SessionNotificationCenter::flush() {
 
 void SessionNotificationCenter::send() {
     m_isCalling = true;
-    m_sent = std::exchange(m_queue, {});
+    const NotificationMessages::EncodedChanges first = NotificationMessages::encodeChanges(m_queue);
+    m_sent = m_queue.first(first.count);
+    m_queue.remove(0, first.count);
     // No answer for long means that the notifier is stopped; the message waits for it then.
     auto *const watcher = new QDBusPendingCallWatcher(
-        m_bus.asyncCall(changeCall(m_sent), std::numeric_limits<int>::max()), this);
+        m_bus.asyncCall(changeCall(first), std::numeric_limits<int>::max()), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this,
             [this](QDBusPendingCallWatcher *finished) {
                 finished->deleteLater();
@@ -217,19 +231,31 @@ void SessionNotificationCenter::startNotifier() {
 }
 
 void SessionNotificationCenter::tellBeforeParting() {
-    const QDBusMessage message = changeCall(m_sent + m_queue);
+    QList<Change> changes = m_sent + m_queue;
     const QDeadlineTimer deadline(parting);
     m_hasStarted = m_starting.isActive();
+    while (!changes.isEmpty()) {
+        const NotificationMessages::EncodedChanges first =
+            NotificationMessages::encodeChanges(changes);
+        if (!isTaken(changeCall(first), deadline))
+            return;
+        changes.remove(0, first.count);
+    }
+}
+
+bool SessionNotificationCenter::isTaken(const QDBusMessage &message,
+                                        const QDeadlineTimer &deadline) {
     while (!deadline.hasExpired()) {
         const QDBusMessage answer =
             m_bus.call(message, QDBus::Block, static_cast<int>(deadline.remainingTime()));
         if (answer.type() == QDBusMessage::ReplyMessage || isRefusal(QDBusError(answer)))
-            return;
+            return true;
         if (m_program.isEmpty())
-            return;
+            return false;
         startNotifier();
         QThread::msleep(partingInterval);
     }
+    return false;
 }
 
 } // namespace tovarin

@@ -14,7 +14,9 @@
 
 #include <chrono>
 
+class QDBusMessage;
 class QDBusPendingCallWatcher;
+class QDeadlineTimer;
 
 namespace tovarin {
 
@@ -26,8 +28,9 @@ namespace tovarin {
 /// starts it again, once for each change, when it dies while something may be pending; one that has
 /// delivered everything leaves, and then finds nothing to do and leaves again.
 ///
-/// Calls never wait: what is asked for before the event loop runs again is sent in one message, one
-/// message at a time, and stays here while there is nobody to take it. Without a session bus, or
+/// Calls never wait: what is asked for before the event loop runs again is sent in one message (in
+/// several, one after the other, if it is too long for one), and stays here while there is nobody
+/// to take it. Without a session bus, or
 /// without a bundle identifier, everything is dropped. No desktop lets a program ask for leave;
 /// users forbid what they don't like in the desktop's settings, and it is planned all the same. So
 /// leave is granted wherever there is a bus.
@@ -55,8 +58,9 @@ public:
     void requestAuthorization(AuthorizationOptions options,
                               std::function<void(bool granted)> answer) override;
 
-    /// One that is not valid is dropped; so is everything of one message if it gets too long for
-    /// the notifier, which some 20,000 requests of the usual length do not make it.
+    /// Title and body are cut to what a notification may have. One that is not valid even so is
+    /// dropped, and so is a message that the notifier refuses because it has too many requests
+    /// then.
     void add(const NotificationRequest &request) override;
     void removePending(const QStringList &identifiers) override;
     void removeAllPending() override;
@@ -75,6 +79,7 @@ private:
     void answerQuestions(const QList<NotificationRequest> &requests);
     void startNotifier();
     void tellBeforeParting();
+    bool isTaken(const QDBusMessage &message, const QDeadlineTimer &deadline);
 
     const QString m_bundleIdentifier;
     QDBusConnection m_bus;

@@ -16,12 +16,12 @@ class FakeService final : public NotificationService {
 public:
     FakeService() : NotificationService(nullptr) {}
 
-    void prepare(std::function<void(bool)> answer) override {
+    void prepare(std::function<void(Presence)> answer) override {
         ++questions;
         if (holdsQuestions)
             m_question = std::move(answer);
         else
-            answer(isThere);
+            answer(isSilent ? Presence::silent : isThere ? Presence::there : Presence::absent);
     }
 
     void post(const NotificationRequest &request, std::function<void(Outcome)> answer) override {
@@ -38,7 +38,7 @@ public:
 
     bool isPosting() const { return m_answer != nullptr; }
     void answerPost(Outcome answer) { std::exchange(m_answer, nullptr)(answer); }
-    void answerQuestion(bool there) { std::exchange(m_question, nullptr)(there); }
+    void answerQuestion(Presence answer) { std::exchange(m_question, nullptr)(answer); }
 
     /// The process that was to hear the answers has died.
     void forgetAnswers() {
@@ -56,6 +56,7 @@ public:
     }
 
     bool isThere = true;
+    bool isSilent = false;
     Outcome outcome = Outcome::shown;
     bool holdsQuestions = false;
     bool holdsAnswers = false;
@@ -66,7 +67,7 @@ public:
 
 private:
     std::function<void(Outcome)> m_answer;
-    std::function<void(bool)> m_question;
+    std::function<void(Presence)> m_question;
 };
 
 } // namespace tovarin

@@ -71,7 +71,9 @@ public:
     QString introspect(const QString &) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &) override {
         if (message.member() == u"GetCapabilities") {
-            bus.send(message.createReply(capabilities));
+            ++questions;
+            bus.send(error.isEmpty() ? message.createReply(capabilities)
+                                     : message.createErrorReply(error, u"No"_s));
         } else if (message.member() == u"Notify") {
             EXPECT_EQ(message.signature(), u"susssasa{sv}i"_s);
             posts.append(message.arguments());
@@ -106,7 +108,9 @@ public:
 
     QDBusConnection bus;
     QStringList capabilities{u"actions"_s, u"body"_s, u"body-markup"_s};
+    QString error; ///< The answer to GetCapabilities, if any.
     bool holdsAnswers = false;
+    int questions = 0;
     QList<QVariantList> posts;
     QStringList activations; ///< The tokens.
 };
@@ -307,6 +311,20 @@ TEST_F(NotifierProgramTest, WaitsForTheService) {
     EXPECT_EQ(desktop->bodies(), QStringList(u"one"_s));
 }
 
+TEST_F(NotifierProgramTest, KeepsWhatAServiceThatAnswersWithErrorsCannotShow) {
+    desktop->error = u"org.freedesktop.DBus.Error.Failed"_s;
+    desktop->appear();
+    center->add(after(10ms, u"a"_s, u"one"_s));
+    EXPECT_TRUE(waitFor([this] { return desktop->questions > 0; }));
+    EXPECT_EQ(pending(), QStringList());
+    EXPECT_EQ(desktop->bodies(), QStringList());
+    desktop->error.clear();
+    desktop->leave();
+    desktop->appear();
+    ASSERT_TRUE(waitForPosts(1));
+    EXPECT_EQ(desktop->bodies(), QStringList(u"one"_s));
+}
+
 TEST_F(NotifierProgramTest, PostsAgainWhenTheServiceDiesBeforeItAnswers) {
     desktop->holdsAnswers = true;
     desktop->appear();
@@ -381,6 +399,18 @@ TEST_F(NotifierProgramTest, RefusesWhatIsNoChange) {
     EXPECT_EQ(call(u"deleteLater"_s, {}), unknown);
     EXPECT_EQ(pending(), QStringList(u"a"_s));
     EXPECT_EQ(call(u"Change"_s, {u"[]"_s}), QString());
+}
+
+TEST_F(NotifierProgramTest, RefusesWhatWouldBeTooMuchForIt) {
+    ASSERT_EQ(pending(), QStringList());
+    QByteArray one = NotificationMessages::encodeChanges({after(1h, u"a"_s, u"one"_s)}).json;
+    one = one.sliced(1, one.size() - 2);
+    QByteArray tooMany = "[" + one;
+    for (int i = 0; i < 100'000; ++i)
+        tooMany += ',' + one;
+    EXPECT_EQ(call(u"Change"_s, {QString::fromUtf8(tooMany + ']')}),
+              u"org.freedesktop.DBus.Error.LimitsExceeded"_s);
+    EXPECT_EQ(pending(), QStringList());
 }
 
 TEST_F(NotifierProgramTest, TakesTenThousandAtOnce) {
@@ -476,7 +506,7 @@ TEST_F(NotifierProgramTest, EndsWithoutABusAndWithItsBus) {
     QDBusMessage message = QDBusMessage::createMethodCall(
         service, NotificationMessages::objectPath, NotificationMessages::interface, u"Change"_s);
     message << QString::fromUtf8(
-        NotificationMessages::encodeChanges({after(1h, u"a"_s, u"one"_s)}));
+        NotificationMessages::encodeChanges({after(1h, u"a"_s, u"one"_s)}).json);
     const QDBusPendingReply<uint> reply = peer.asyncCall(message);
     EXPECT_TRUE(waitFor([&] { return reply.isFinished(); }));
     EXPECT_EQ(reply.value(), 1U);

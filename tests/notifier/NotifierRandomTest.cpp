@@ -43,15 +43,16 @@ public:
     void remove(const QString &identifier) {
         pending.removeIf([&](const Expected &e) { return e.request.identifier == identifier; });
     }
-    void look(Instant now, const UserZone &zone, bool isPosting) {
+    /// `onItsWay` is the body of what is being posted, if anything is.
+    void look(Instant now, const UserZone &zone, const QString &onItsWay) {
         for (Expected &expected : pending) {
             if (const auto *const trigger =
                     std::get_if<TimeIntervalTrigger>(&expected.request.trigger))
                 expected.deadline = std::min(expected.deadline, now + trigger->interval);
         }
-        collect(now, zone, isPosting);
+        collect(now, zone, onItsWay);
     }
-    void collect(Instant now, const UserZone &zone, bool isPosting) {
+    void collect(Instant now, const UserZone &zone, const QString &onItsWay) {
         QList<Expected> come;
         for (const Expected &expected : pending) {
             if (moment(expected, zone) <= now)
@@ -60,10 +61,10 @@ public:
         std::ranges::stable_sort(come, {}, [&](const Expected &e) { return moment(e, zone); });
         for (const Expected &expected : come) {
             remove(expected.request.identifier);
-            for (qsizetype i = due.size() - 1; i >= (isPosting ? 1 : 0); --i) {
-                if (due[i].request.identifier == expected.request.identifier)
-                    due.removeAt(i);
-            }
+            due.removeIf([&](const Expected &other) {
+                return other.request.identifier == expected.request.identifier &&
+                       other.request.body != onItsWay;
+            });
         }
         due += come;
     }
@@ -75,7 +76,7 @@ public:
     }
 
     QList<Expected> pending;
-    QList<Expected> due;
+    QList<Expected> due; ///< In no order that counts: what is refused comes later.
 
 private:
     static Instant moment(const Expected &expected, const UserZone &zone) {
@@ -93,7 +94,7 @@ public:
     explicit Player(unsigned seed) : m_random(seed) {}
 
     void step() {
-        switch (below(12)) {
+        switch (below(13)) {
         case 0:
         case 1:
         case 2:
@@ -105,7 +106,7 @@ public:
             break;
         case 5:
             m_machine.travel(anyZone());
-            m_model.look(m_machine.clock.now(), m_machine.zone, m_wasPosting);
+            m_model.look(m_machine.clock.now(), m_machine.zone, m_onItsWay);
             break;
         case 6:
             kill();
@@ -121,6 +122,9 @@ public:
         case 9:
             m_machine.service.outcome = below(3) == 0 ? Outcome::refused : Outcome::shown;
             break;
+        case 10:
+            m_machine.service.isSilent = below(4) == 0;
+            break;
         default:
             answer();
             break;
@@ -134,14 +138,15 @@ public:
         FakeService &service = m_machine.service;
         service.outcome = Outcome::shown;
         service.holdsAnswers = false;
+        service.isSilent = false;
         if (service.isPosting()) {
-            noteShown();
+            noteShown(std::exchange(m_onItsWay, {}));
             service.answerPost(Outcome::shown);
         }
         settle();
         check();
         m_machine.clock.set(instant("2031-01-01T00:00:00Z"));
-        m_model.look(m_machine.clock.now(), m_machine.zone, false);
+        m_model.look(m_machine.clock.now(), m_machine.zone, {});
         m_machine.look();
         service.appear();
         settle();
@@ -170,7 +175,7 @@ private:
 
     void change() {
         const Instant now = m_machine.clock.now();
-        m_model.collect(now, m_machine.zone, m_wasPosting);
+        m_model.collect(now, m_machine.zone, m_onItsWay);
         QList<Change> changes;
         for (unsigned i = below(6) + 1; i > 0; --i) {
             if (below(24) == 0) {
@@ -185,7 +190,7 @@ private:
                 m_model.add(std::get<NotificationRequest>(changes.last()), now);
             }
         }
-        m_model.collect(now, m_machine.zone, m_wasPosting);
+        m_model.collect(now, m_machine.zone, m_onItsWay);
         m_machine.change(changes);
     }
 
@@ -197,22 +202,20 @@ private:
 
     void moveClock() {
         m_machine.clock.set(otherTime());
-        m_model.look(m_machine.clock.now(), m_machine.zone, m_wasPosting);
+        m_model.look(m_machine.clock.now(), m_machine.zone, m_onItsWay);
         m_machine.look();
     }
 
     /// What is on its way then counts as shown.
     void kill() {
-        if (m_machine.service.isPosting()) {
-            noteShown();
-            m_wasPosting = false;
-        }
+        if (m_machine.service.isPosting())
+            noteShown(std::exchange(m_onItsWay, {}));
         m_machine.kill();
         if (below(2) == 0)
             m_machine.clock.set(otherTime());
         if (below(4) == 0)
             m_machine.zone = UserZone(QTimeZone(anyZone()));
-        m_model.look(m_machine.clock.now(), m_machine.zone, false);
+        m_model.look(m_machine.clock.now(), m_machine.zone, {});
         m_machine.start();
     }
 
@@ -222,29 +225,31 @@ private:
             return;
         const Outcome outcome =
             std::array{Outcome::shown, Outcome::shown, Outcome::refused, Outcome::absent}[below(4)];
+        const QString body = std::exchange(m_onItsWay, {});
         if (outcome == Outcome::shown)
-            noteShown();
-        m_wasPosting = false;
+            noteShown(body);
         service.answerPost(outcome);
     }
 
-    void noteShown() {
-        ASSERT_FALSE(m_model.due.isEmpty());
-        ASSERT_TRUE(m_once.insert(m_model.due.first().request.body).second) << "shown twice";
-        m_model.due.removeFirst();
+    void noteShown(const QString &body) {
+        ASSERT_TRUE(m_once.insert(body).second) << "shown twice";
+        ASSERT_EQ(m_model.due.removeIf([&](const Expected &e) { return e.request.body == body; }),
+                  1);
         ++m_shown;
     }
 
-    /// What was posted is what was due first each time; what is due and could be posted, was.
+    /// What was posted was due, and is still pending only if it should be.
     void check() {
         FakeService &service = m_machine.service;
         for (qsizetype i = 0; i < service.posted.size(); ++i) {
-            ASSERT_FALSE(m_model.due.isEmpty()) << "nothing was due";
-            ASSERT_EQ(service.posted[i], m_model.due.first().request.body);
+            ASSERT_TRUE(std::ranges::any_of(m_model.due, [&](const Expected &e) {
+                return e.request.body == service.posted[i];
+            })) << "it was not due";
             const bool isOnItsWay = service.isPosting() && i + 1 == service.posted.size();
-            m_wasPosting = isOnItsWay;
-            if (!isOnItsWay && service.outcome == Outcome::shown)
-                noteShown();
+            if (isOnItsWay)
+                m_onItsWay = service.posted[i];
+            else if (service.outcome == Outcome::shown)
+                noteShown(service.posted[i]);
         }
         service.posted.clear();
         ASSERT_EQ(m_machine.pending(), m_model.pendingIdentifiers());
@@ -255,7 +260,7 @@ private:
     std::mt19937 m_random;
     Machine m_machine;
     Model m_model;
-    bool m_wasPosting = false;
+    QString m_onItsWay; ///< The body of what is being posted.
     int m_bodies = 0;
     int m_shown = 0;
     std::set<QString> m_once;

@@ -3,16 +3,13 @@
 
 #include "notifier/Notifier.h"
 
-#include "tests/notifier/Machine.h"
+#include "tests/notifier/MachineTest.h"
 #include "tests/support/NotificationPrinting.h"
 #include "tests/support/Printing.h"
 
 #include <QFile>
 
 #include <gtest/gtest.h>
-
-#include <csignal>
-#include <sys/resource.h>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono;
@@ -24,14 +21,8 @@ namespace {
 
 using Outcome = NotificationService::Outcome;
 
-const QStringList nothing;
-const QStringList a{u"a"_s};
-
-class NotifierTest : public testing::Test {
+class NotifierTest : public MachineTest {
 protected:
-    /// What was posted since the last question.
-    QStringList posted() { return std::exchange(m.service.posted, {}); }
-
     int idleSignals() {
         int signalled = 0;
         const auto connection =
@@ -40,29 +31,6 @@ protected:
         QObject::disconnect(connection);
         return signalled;
     }
-
-    Machine m;
-};
-
-/// Lets no file grow beyond a size while it lives: the write fails, as on a full disk.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) {
-        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &m_before), 0);
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{bytes, m_before.rlim_max};
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
-    }
-    ~FullDisk() {
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &m_before), 0);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    FullDisk(const FullDisk &) = delete;
-    FullDisk &operator=(const FullDisk &) = delete;
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int) = SIG_DFL;
 };
 
 } // namespace
@@ -121,7 +89,7 @@ TEST_F(NotifierTest, HandsOverTheWholeRequest) {
     class Listener final : public NotificationService {
     public:
         explicit Listener(NotificationRequest &to) : NotificationService(nullptr), m_to(to) {}
-        void prepare(std::function<void(bool)> answer) override { answer(true); }
+        void prepare(std::function<void(Presence)> answer) override { answer(Presence::there); }
         void post(const NotificationRequest &request,
                   std::function<void(Outcome)> answer) override {
             m_to = request;
@@ -136,6 +104,49 @@ TEST_F(NotifierTest, HandsOverTheWholeRequest) {
     const NotificationRequest request = atTen("2025-06-01", u"a"_s, u"body"_s);
     notifier.change({request});
     EXPECT_EQ(seen, request);
+}
+
+TEST_F(NotifierTest, TakesAPlanThatArrivesLateForTheOneThatCameDue) {
+    m.change({atTen("2025-06-09", u"a"_s)});
+    m.set("2025-06-09T10:00:00Z");
+    EXPECT_EQ(posted(), a);
+    // Made just before ten, in another language perhaps.
+    const NotificationRequest again = atTen("2025-06-09", u"a"_s, u"again"_s);
+    const NotificationMessages::RemoveAllPending removeAll;
+    m.change({removeAll, again, atTen("2025-06-10", u"b"_s)});
+    EXPECT_EQ(posted(), nothing);
+    EXPECT_EQ(m.pending(), QStringList(u"b"_s));
+    m.set("2025-06-09T10:01:00Z");
+    m.change({removeAll, again});
+    EXPECT_EQ(posted(), nothing);
+    m.set(m.clock.now() + 1ms);
+    m.change({again});
+    EXPECT_EQ(posted(), QStringList(u"again"_s)) << "somebody wants it";
+}
+
+TEST_F(NotifierTest, TakesNoOtherPlanForTheOneThatCameDue) {
+    m.change({atTen("2025-06-09", u"a"_s), after(1h, u"i"_s)});
+    m.set("2025-06-09T10:00:00Z");
+    EXPECT_EQ(posted(), (QStringList{u"i"_s, u"a"_s}));
+    NotificationRequest earlier = atTen("2025-06-09", u"a"_s, u"earlier"_s);
+    earlier.trigger = CalendarTrigger{civilDay("2025-06-09"), 10h - 1min};
+    m.change({atTen("2025-06-09", u"b"_s), earlier});
+    EXPECT_EQ(posted(), (QStringList{u"earlier"_s, u"b"_s}));
+    // The clock is set back: ten is still to come.
+    m.set(m.clock.now() - 1ms);
+    m.change({atTen("2025-06-09", u"b"_s, u"again"_s)});
+    EXPECT_EQ(m.pending(), QStringList(u"b"_s));
+    m.set("2025-06-09T10:00:00Z");
+    EXPECT_EQ(posted(), QStringList(u"again"_s));
+}
+
+TEST_F(NotifierTest, ALatePlanReplacesWhatIsPending) {
+    m.change({atTen("2025-06-09", u"a"_s)});
+    m.set("2025-06-09T10:00:00Z");
+    EXPECT_EQ(posted(), a);
+    m.change({atTen("2025-07-09", u"a"_s), atTen("2025-06-09", u"a"_s)});
+    EXPECT_EQ(m.pending(), nothing);
+    EXPECT_EQ(posted(), nothing);
 }
 
 TEST_F(NotifierTest, ReplacesWhatHasTheSameIdentifier) {
@@ -251,134 +262,6 @@ TEST_F(NotifierTest, PostsAtATimeThatTheClocksSkipOrShowTwice) {
     EXPECT_EQ(posted(), nothing) << "ten again, the same day";
 }
 
-TEST_F(NotifierTest, WaitsForAService) {
-    m.service.isThere = false;
-    m.change({atTen("2025-06-09", u"a"_s)});
-    m.set("2025-06-09T10:00:00Z");
-    m.set("2025-06-09T12:00:00Z");
-    EXPECT_EQ(posted(), nothing);
-    EXPECT_FALSE(m.notifier().isIdle());
-    m.restart();
-    EXPECT_EQ(posted(), nothing);
-    m.service.appear();
-    settle();
-    EXPECT_EQ(posted(), a);
-    m.restart();
-    EXPECT_EQ(posted(), nothing);
-}
-
-TEST_F(NotifierTest, AsksAgainWhenTheServiceComesWhileItIsAsking) {
-    m.service.holdsQuestions = true;
-    m.change({atTen("2025-06-01", u"a"_s)});
-    m.service.appear();
-    m.service.holdsQuestions = false;
-    m.service.answerQuestion(false);
-    settle();
-    EXPECT_EQ(posted(), a);
-}
-
-TEST_F(NotifierTest, WaitsForAnotherServiceWhenOneDies) {
-    m.service.holdsAnswers = true;
-    m.change({atTen("2025-06-01", u"a"_s)});
-    EXPECT_EQ(posted(), a);
-    m.service.isThere = false;
-    m.service.answerPost(Outcome::absent);
-    settle();
-    m.restart();
-    EXPECT_EQ(posted(), nothing);
-    m.service.holdsAnswers = false;
-    m.service.appear();
-    settle();
-    EXPECT_EQ(posted(), a) << "the first one was not shown";
-}
-
-TEST_F(NotifierTest, TriesAgainWhereTheNextServiceIsThereAlready) {
-    m.service.holdsAnswers = true;
-    m.change({atTen("2025-06-01", u"a"_s)});
-    m.service.appear();
-    m.service.holdsAnswers = false;
-    m.service.answerPost(Outcome::absent);
-    settle();
-    EXPECT_EQ(posted(), (QStringList{u"a"_s, u"a"_s}));
-}
-
-TEST_F(NotifierTest, TriesAgainInFiveMinutesWhenRefused) {
-    m.service.outcome = Outcome::refused;
-    m.change({atTen("2025-06-01", u"a"_s), atTen("2025-06-01", u"b"_s)});
-    EXPECT_EQ(posted(), a);
-    m.set(m.clock.now() + 5min - 1ms);
-    EXPECT_EQ(posted(), nothing);
-    m.set(m.clock.now() + 1ms);
-    EXPECT_EQ(posted(), a);
-    m.set(m.clock.now() - hours(24));
-    m.service.outcome = Outcome::shown;
-    EXPECT_EQ(posted(), nothing);
-    m.set(m.clock.now() + 5min);
-    EXPECT_EQ(posted(), (QStringList{u"a"_s, u"b"_s}));
-    m.restart();
-    EXPECT_EQ(posted(), nothing);
-}
-
-TEST_F(NotifierTest, TriesARefusedOneAgainAtTheNextStartOrService) {
-    m.service.outcome = Outcome::refused;
-    m.change({atTen("2025-06-01", u"a"_s)});
-    EXPECT_EQ(posted(), a);
-    m.restart();
-    EXPECT_EQ(posted(), a);
-    m.service.outcome = Outcome::shown;
-    m.service.appear();
-    settle();
-    EXPECT_EQ(posted(), a);
-}
-
-TEST_F(NotifierTest, PostsOneAfterTheOther) {
-    m.service.holdsAnswers = true;
-    m.change({atTen("2025-06-01", u"a"_s), atTen("2025-06-01", u"b"_s)});
-    EXPECT_EQ(posted(), a);
-    m.look();
-    EXPECT_EQ(posted(), nothing);
-    m.service.answerPost(Outcome::shown);
-    settle();
-    EXPECT_EQ(posted(), QStringList(u"b"_s));
-}
-
-TEST_F(NotifierTest, PostsOnceWhenKilledBeforeTheAnswer) {
-    m.service.holdsAnswers = true;
-    m.change({atTen("2025-06-01", u"a"_s), atTen("2025-06-01", u"b"_s)});
-    EXPECT_EQ(posted(), a);
-    m.restart();
-    EXPECT_EQ(posted(), QStringList(u"b"_s));
-    m.restart();
-    m.restart();
-    EXPECT_EQ(posted(), nothing);
-}
-
-TEST_F(NotifierTest, PostsOnceWhenKilledBeforeSaving) {
-    m.service.holdsAnswers = true;
-    m.change({atTen("2025-06-01", u"a"_s), atTen("2025-06-01", u"b"_s), atTen("2025-06-01", u"c"_s),
-              atTen("2025-06-09", u"d"_s)});
-    m.service.answerPost(Outcome::shown);
-    settle();
-    EXPECT_EQ(posted(), (QStringList{u"a"_s, u"b"_s}));
-    // A save in between must not forget what is on its way.
-    m.change({atTen("2025-06-10", u"e"_s)});
-    m.restart();
-    EXPECT_EQ(posted(), QStringList(u"c"_s));
-    m.restart();
-    EXPECT_EQ(posted(), nothing);
-    EXPECT_EQ(m.pending(), (QStringList{u"d"_s, u"e"_s}));
-}
-
-TEST_F(NotifierTest, NeverPostsWhatWasNotedAndNotHandedOver) {
-    m.service.losesPosts = true;
-    m.change({atTen("2025-06-01", u"a"_s)});
-    m.kill();
-    m.service.losesPosts = false;
-    m.start();
-    EXPECT_EQ(posted(), nothing);
-    EXPECT_TRUE(m.notifier().isIdle());
-}
-
 TEST_F(NotifierTest, DoesNotCallBackWhatIsDue) {
     m.service.isThere = false;
     m.change({atTen("2025-06-09", u"a"_s)});
@@ -458,6 +341,23 @@ TEST_F(NotifierTest, NeverPostsForADayThatNoClockReaches) {
     EXPECT_EQ(m.pending(), a);
 }
 
+TEST_F(NotifierTest, KeepsNoMoreThanSoMany) {
+    QList<NotificationMessages::Change> changes;
+    for (qsizetype i = 0; i < Notifier::mostPending; ++i)
+        changes.append(atTen("2025-06-09", QString::number(i)));
+    ASSERT_TRUE(m.notifier().change(changes));
+    EXPECT_FALSE(m.notifier().change(
+        {NotificationMessages::RemovePending{{u"0"_s}}, atTen("2025-06-10", u"1"_s)}));
+    EXPECT_EQ(m.pending().size(), Notifier::mostPending);
+    EXPECT_EQ(m.pending().first(), u"0") << "all or nothing";
+    EXPECT_TRUE(m.notifier().change(
+        {NotificationMessages::RemoveAllPending(), atTen("2025-06-10", u"a"_s)}));
+    EXPECT_EQ(m.pending(), a);
+    changes.append(NotificationMessages::RemoveAllPending());
+    EXPECT_FALSE(m.notifier().change(changes)) << "on the way";
+    EXPECT_EQ(m.pending(), a);
+}
+
 TEST_F(NotifierTest, KeepsTenThousand) {
     QList<NotificationMessages::Change> changes;
     for (int i = 0; i < 10'000; ++i)
@@ -477,54 +377,6 @@ TEST_F(NotifierTest, KeepsTenThousand) {
     }
     m.restart();
     EXPECT_EQ(m.service.posted.size(), 10'000);
-}
-
-TEST_F(NotifierTest, PostsOnceOnADiskThatTakesOnlyTheNote) {
-    m.change({atTen("2025-06-09", u"a"_s), atTen("2025-06-10", u"b"_s)});
-    {
-        const FullDisk disk(100);
-        m.set("2025-06-09T10:00:00Z");
-        EXPECT_EQ(posted(), a);
-        m.restart();
-        EXPECT_EQ(posted(), nothing);
-        m.set("2025-06-10T10:00:00Z");
-        EXPECT_EQ(posted(), QStringList(u"b"_s));
-    }
-    m.restart();
-    EXPECT_EQ(posted(), nothing);
-    EXPECT_EQ(m.pending(), nothing);
-}
-
-TEST_F(NotifierTest, PostsOnAFullDisk) {
-    m.change({atTen("2025-06-09", u"a"_s)});
-    {
-        const FullDisk disk(0);
-        m.change({atTen("2025-06-09", u"b"_s)});
-        m.set("2025-06-09T10:00:00Z");
-        EXPECT_EQ(posted(), (QStringList{u"a"_s, u"b"_s}));
-        m.look();
-        EXPECT_EQ(posted(), nothing);
-    }
-    // Neither file nor note could be written: this is what remains.
-    m.restart();
-    EXPECT_EQ(posted(), a);
-    m.restart();
-    EXPECT_EQ(posted(), nothing);
-}
-
-TEST(NotifierWithoutFolder, PostsAllTheSame) {
-    const QTemporaryDir disk;
-    QFile inTheWay(disk.filePath(u"Tovarin"_s));
-    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    ManualClock clock(instant("2025-06-01T12:00:00Z"));
-    FakeService service;
-    Notifier notifier(clock, UserZone(QTimeZone::utc()), inTheWay.fileName(), service);
-    notifier.change({atTen("2025-06-09", u"a"_s)});
-    EXPECT_EQ(notifier.pending().size(), 1);
-    clock.set(instant("2025-06-09T10:00:00Z"));
-    notifier.look();
-    settle();
-    EXPECT_EQ(service.posted, a);
 }
 
 } // namespace tovarin

@@ -128,7 +128,10 @@ TEST_F(PendingFileTest, UsesNoSerialAgain) {
 
 TEST_F(PendingFileTest, ReadsOnlyWholeNotes) {
     const QList<PendingEntry> entries = saved();
-    for (const QByteArray notes : {"\n2x\n", "x", "\n-1\n", "\n1.0\n", "\0\0\0\0", "\n 3\n", ""}) {
+    // Cut off, too: "1" may have been the beginning of "12.".
+    for (const QByteArray notes : {"\n2x.\n", "x", "\n-1.\n", "\n+1.\n", "\n1.0.\n", "\0\0\0\0",
+                                   "\n 1.\n", "\n1", "\n1\n", "\n.\n", "\n12.\n", "\n1.\r\n",
+                                   "\n18446744073709551617.\n", "\n18446744073709551615.\n", ""}) {
         write(u"notifications.posted"_s, notes);
         EXPECT_EQ(load(), entries) << notes.toStdString();
     }
@@ -137,7 +140,9 @@ TEST_F(PendingFileTest, ReadsOnlyWholeNotes) {
     PendingFile file(folder());
     file.load();
     file.notePosted(2);
-    EXPECT_EQ(read(u"notifications.posted"_s), "\n1\n2\n");
+    EXPECT_EQ(read(u"notifications.posted"_s), "\n1\n2.\n");
+    EXPECT_EQ(load(), QList{entries[0]});
+    write(u"notifications.posted"_s, "\n1.\n\n2.");
     EXPECT_EQ(load(), QList<PendingEntry>());
 }
 

@@ -31,16 +31,18 @@ const QByteArray requestJson =
 
 TEST(NotificationMessages, WriteChangesInTheirOrder) {
     EXPECT_EQ(encodeChanges({RemovePending{{}}, RemoveAllPending(), request(u"a"_s),
-                             RemovePending{{u"x"_s, u"y"_s}}}),
+                             RemovePending{{u"x"_s, u"y"_s}}})
+                  .json,
               R"([{"remove":[]},{"removeAll":true},{"add":)" + requestJson +
                   R"(},{"remove":["x","y"]}])");
-    EXPECT_EQ(encodeChanges({}), "[]");
+    EXPECT_EQ(encodeChanges({}).json, "[]");
 }
 
 TEST(NotificationMessages, ReadWhatTheyWrite) {
     const QList<Change> changes{RemovePending{{}}, RemoveAllPending(), request(u"a"_s),
                                 request(u"b"_s), RemovePending{{u"x"_s, u"y"_s}}};
-    EXPECT_EQ(decodeChanges(encodeChanges(changes)), changes);
+    EXPECT_EQ(encodeChanges(changes).count, changes.size());
+    EXPECT_EQ(decodeChanges(encodeChanges(changes).json), changes);
     EXPECT_EQ(decodeChanges("[]"), QList<Change>());
     const QList<NotificationRequest> requests{request(u"a"_s), request(u"b"_s)};
     EXPECT_EQ(decodeRequests(encodeRequests(requests)), requests);
@@ -83,6 +85,24 @@ TEST(NotificationMessages, AreOfSomeLength) {
     const QByteArray longest = "[" + QByteArray(longestChanges - 2, ' ') + "]";
     EXPECT_EQ(decodeChanges(longest), QList<Change>());
     EXPECT_EQ(decodeChanges(longest + ' '), std::nullopt);
+}
+
+TEST(NotificationMessages, TakeNoMoreThanHasRoom) {
+    // All but the text is as long as this.
+    const qsizetype around = encodeChanges({RemovePending{{QString()}}}).json.size();
+    const QString full(longestChanges - around - 3, u'x');
+    const RemovePending two{{}};
+    const qsizetype lengthOfTwo = encodeChanges({two}).json.size() - 2;
+    const RemovePending fits{{full.chopped(lengthOfTwo - 2)}};
+    const EncodedChanges both = encodeChanges({fits, two, two});
+    EXPECT_EQ(both.count, 2);
+    EXPECT_EQ(both.json.size(), longestChanges);
+    EXPECT_EQ(decodeChanges(both.json), (QList<Change>{fits, two}));
+    const RemovePending tooLongForBoth{{full.chopped(lengthOfTwo - 3)}};
+    EXPECT_EQ(encodeChanges({tooLongForBoth, two}).count, 1);
+    const RemovePending tooLong{{full + u"xxxx"_s}};
+    EXPECT_EQ(encodeChanges({two, tooLong}).count, 1);
+    EXPECT_EQ(encodeChanges({tooLong, two}).count, 1) << "the notifier will say so";
 }
 
 } // namespace tovarin::NotificationMessages

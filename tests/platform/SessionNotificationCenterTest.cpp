@@ -241,6 +241,41 @@ TEST_F(SessionNotificationCenterTest, DropsRequestsThatAreNotValid) {
     EXPECT_EQ(m_stand->changes, QList<QList<Change>>{QList<Change>{request(u"a"_s)}});
 }
 
+TEST_F(SessionNotificationCenterTest, ShortensTextsThatAreTooLong) {
+    m_stand->appear();
+    const auto c = center();
+    NotificationRequest longest = request(u"a"_s);
+    longest.title = QString(65'536, u't');
+    longest.body = QString(65'534, u'b') + u"😀"_s;
+    NotificationRequest longer = longest;
+    longer.title += u't';
+    longer.body.prepend(u'b');
+    c->add(longest);
+    c->add(longer);
+    ping(*c);
+    NotificationRequest shortened = longest;
+    shortened.body = QString(65'535, u'b');
+    EXPECT_TRUE(m_stand->changes == QList<QList<Change>>{(QList<Change>{longest, shortened})});
+}
+
+TEST_F(SessionNotificationCenterTest, SendsWhatIsTooLongForOneMessageInSeveral) {
+    m_stand->appear();
+    QList<Change> changes{RemoveAllPending()};
+    for (int i = 0; i < 300; ++i) {
+        NotificationRequest each = request(QString::number(i));
+        each.body = QString(60'000, u'b');
+        changes.append(each);
+    }
+    const auto c = center();
+    c->removeAllPending();
+    for (qsizetype i = 1; i < changes.size(); ++i)
+        c->add(std::get<NotificationRequest>(changes[i]));
+    ping(*c);
+    ASSERT_EQ(m_stand->changes.size(), 2);
+    // Too long to be printed.
+    EXPECT_TRUE(m_stand->changes[0] + m_stand->changes[1] == changes);
+}
+
 TEST_F(SessionNotificationCenterTest, StartsTheNotifierAndKeepsEverythingForIt) {
     const auto c = center(program());
     c->add(request(u"a"_s));
