@@ -15,10 +15,10 @@ namespace tovarin {
 using Delay =
     std::function<void(std::chrono::milliseconds after, QObject *context, std::function<void()>)>;
 
-/// By the event loop's timers.
+/// By the event loop's timers, to the millisecond.
 inline Delay eventLoopDelay() {
     return [](std::chrono::milliseconds after, QObject *context, std::function<void()> action) {
-        QTimer::singleShot(after, context, std::move(action));
+        QTimer::singleShot(after, Qt::PreciseTimer, context, std::move(action));
     };
 }
 
