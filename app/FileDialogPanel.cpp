@@ -8,6 +8,8 @@
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QLibraryInfo>
+#include <QPixmapCache>
+#include <QScopeGuard>
 #include <QTranslator>
 #include <QWindow>
 
@@ -22,6 +24,8 @@ QList<QUrl> FileDialogPanel::run(const Request &request) {
         chinese.load(u"qtbase_zh_CN"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&chinese);
 
+    // What the dialog has drawn its icons into is of no use to another one, which draws its own.
+    const auto tidyUp = qScopeGuard(&QPixmapCache::clear);
     QWindow *window = QGuiApplication::focusWindow();
     QFileDialog dialog;
     dialog.winId(); // Makes the window that the next line looks for.

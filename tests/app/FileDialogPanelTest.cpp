@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QPixmapCache>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -71,6 +72,18 @@ const OpenPanel::Request one = {u"选择账单截图或 PDF"_s, false, {png, pdf
 const OpenPanel::Request several = {u"Choose bill screenshots or PDFs"_s, true, {png, pdf}};
 
 } // namespace
+
+TEST_F(FileDialogPanelTest, LeavesNothingInTheCacheOfPixmaps) {
+    const auto isCached = [] {
+        QPixmap found;
+        return QPixmapCache::find(u"drawn for the dialog"_s, &found);
+    };
+    run(one, [&](QFileDialog &dialog) {
+        ASSERT_TRUE(QPixmapCache::insert(u"drawn for the dialog"_s, dialog.grab()));
+        EXPECT_TRUE(isCached());
+    });
+    EXPECT_FALSE(isCached());
+}
 
 TEST_F(FileDialogPanelTest, ShowsTheMessageAndTheAllowedFiles) {
     run(one, [](const QFileDialog &dialog) {
