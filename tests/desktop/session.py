@@ -1002,7 +1002,7 @@ class Session:
             return
         if not self._spare:
             out = subprocess.run(["xmodmap", "-pke"], env=self.env, capture_output=True, text=True, check=True).stdout
-            self._spare = [k for k, syms in re.findall(r"^keycode +(\d+) =(.*)$", out, re.M) if not syms.strip() or "XF86" in syms]
+            self._spare = [k for k, syms in re.findall(r"^keycode +(\d+) =(.*)$", out, re.M) if not syms.strip() or syms.strip().startswith("XF86")]
         if len(new) > len(self._spare):
             raise Failure("too many special characters at once for one keyboard; type in parts or paste()")
         args = []
