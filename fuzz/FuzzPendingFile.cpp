@@ -51,8 +51,8 @@ private:
     QTemporaryDir m_folder;
 };
 
-/// From here on serials would soon be too large for a JSON number. Nobody gives so many; a file that
-/// claims it is not worth more than being set aside the next time.
+/// From here on serials would soon be too large for a JSON number. Nobody gives so many; a file
+/// that claims it is not worth more than being set aside the next time.
 constexpr quint64 farthestSerial = quint64{1} << 52;
 
 void checkEntries(const QList<PendingEntry> &entries, quint64 next) {
