@@ -50,6 +50,18 @@ void stackOverlayLast(const QQuickWindow &window) {
     }
 }
 
+/// The sizes in which window managers and panels show it. The mark in its own size would be a
+/// megabyte that the display has to be sent.
+QIcon windowIcon(const QImage &mark) {
+    QIcon icon;
+    for (const int size : {32, 64, 128}) {
+        if (!mark.isNull())
+            icon.addPixmap(QPixmap::fromImage(
+                mark.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+    }
+    return icon;
+}
+
 bool isNear(QPoint one, QPoint other) {
     return (one - other).manhattanLength() <= samePlace;
 }
@@ -77,7 +89,7 @@ AppDelegate::AppDelegate(const Surroundings &surroundings)
     , m_notifications(surroundings.notifications)
     , m_bus(surroundings.bus) {
     m_engine.addImportPath(u"qrc:/"_s);
-    addImageProviders(m_engine, m_bundle, m_logos);
+    addImageProviders(m_engine, m_bundle, m_brand, m_logos);
     connect(&m_bills, &BillScanModel::draftsFound, &m_sheets, &ContentSheets::take);
     connect(&m_sheets, &ContentSheets::remindDaysBeforeChanged, this,
             &AppDelegate::rescheduleReminders);
@@ -93,7 +105,7 @@ AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching() {
     AppFonts::registerBundledFonts(m_bundle);
-    QGuiApplication::setWindowIcon(QPixmap::fromImage(m_brand.markImage()));
+    QGuiApplication::setWindowIcon(windowIcon(m_brand.markImage()));
     showMainWindow();
     setupStatusItem();
     m_notifications.requestAuthorization();

@@ -13,6 +13,7 @@
 #include "scan/job/ScanJob.h"
 #include "ui/AppFonts.h"
 #include "ui/BillScanModel.h"
+#include "ui/BrandAssets.h"
 #include "ui/ContentModel.h"
 #include "ui/ContentSheets.h"
 #include "ui/ImageProviders.h"
@@ -66,7 +67,7 @@ public:
     explicit Screen(int count) {
         m_store.addAll(entries(count, m_clock));
         m_engine.addImportPath(u"qrc:/"_s);
-        addImageProviders(m_engine, m_bundle, m_logos);
+        addImageProviders(m_engine, m_bundle, BrandAssets(m_bundle), m_logos);
         m_engine.setInitialProperties({{u"content"_s, QVariant::fromValue(&m_content)},
                                        {u"bills"_s, QVariant::fromValue(&m_bills)},
                                        {u"sheets"_s, QVariant::fromValue(&m_sheets)},

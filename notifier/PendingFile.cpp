@@ -5,6 +5,7 @@
 
 #include "platform/DurableFile.h"
 
+#include <QByteArrayList>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -46,14 +47,17 @@ std::optional<quint64> serialOf(const QJsonValue &value) {
     return number && *number > 0 ? std::optional(static_cast<quint64>(*number)) : std::nullopt;
 }
 
-QJsonObject encode(const PendingEntry &entry) {
-    QJsonObject object = entry.request.toJson();
-    object[u"serial"_s] = static_cast<qint64>(entry.serial);
-    if (entry.deadline)
-        object[u"deadline"_s] = static_cast<qint64>(entry.deadline->time_since_epoch().count());
+/// The request's object with members of its own.
+QByteArray encode(const PendingEntry &entry) {
+    QByteArray json =
+        entry.request.toJson().chopped(1) + ",\"serial\":" + QByteArray::number(entry.serial);
+    if (entry.deadline) {
+        json += ",\"deadline\":" +
+                QByteArray::number(qint64(entry.deadline->time_since_epoch().count()));
+    }
     if (entry.isDue)
-        object[u"due"_s] = true;
-    return object;
+        json += ",\"due\":true";
+    return json + '}';
 }
 
 std::optional<PendingEntry> entryOf(const QJsonObject &object) {
@@ -115,14 +119,13 @@ QList<PendingEntry> PendingFile::load() {
 }
 
 bool PendingFile::save(const QList<PendingEntry> &entries, bool keepsPosted) {
-    QJsonArray requests;
+    QByteArrayList requests;
     for (const PendingEntry &entry : entries)
         requests.append(encode(entry));
-    const QJsonObject object{{u"version"_s, version},
-                             {u"next"_s, static_cast<qint64>(m_next)},
-                             {u"requests"_s, requests}};
-    if (m_isLocked ||
-        !DurableFile::replace(m_path, QJsonDocument(object).toJson(QJsonDocument::Compact)))
+    const QByteArray json = "{\"version\":" + QByteArray::number(version) +
+                            ",\"next\":" + QByteArray::number(m_next) + ",\"requests\":[" +
+                            requests.join(',') + "]}";
+    if (m_isLocked || !DurableFile::replace(m_path, json))
         return false;
     if (!keepsPosted)
         QFile::remove(m_postedPath);

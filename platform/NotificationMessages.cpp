@@ -3,6 +3,7 @@
 
 #include "platform/NotificationMessages.h"
 
+#include <QByteArrayList>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -13,13 +14,14 @@ namespace tovarin::NotificationMessages {
 namespace {
 
 struct Encoder {
-    QJsonObject operator()(const NotificationRequest &request) const {
-        return {{u"add"_s, request.toJson()}};
+    QByteArray operator()(const NotificationRequest &request) const {
+        return "{\"add\":" + request.toJson() + '}';
     }
-    QJsonObject operator()(const RemovePending &removal) const {
-        return {{u"remove"_s, QJsonArray::fromStringList(removal.identifiers)}};
+    QByteArray operator()(const RemovePending &removal) const {
+        const QJsonObject object{{u"remove"_s, QJsonArray::fromStringList(removal.identifiers)}};
+        return QJsonDocument(object).toJson(QJsonDocument::Compact);
     }
-    QJsonObject operator()(const RemoveAllPending &) const { return {{u"removeAll"_s, true}}; }
+    QByteArray operator()(const RemoveAllPending &) const { return "{\"removeAll\":true}"; }
 };
 
 std::optional<Change> changeOf(const QJsonObject &object) {
@@ -56,16 +58,12 @@ std::optional<QList<Item>> decodeList(const QByteArray &json, ItemOf itemOf) {
     return items;
 }
 
-QByteArray encode(const Change &change) {
-    return QJsonDocument(std::visit(Encoder(), change)).toJson(QJsonDocument::Compact);
-}
-
 } // namespace
 
 EncodedChanges encodeChanges(const QList<Change> &changes) {
     EncodedChanges encoded{"[", 0};
     for (const Change &change : changes) {
-        const QByteArray next = encode(change);
+        const QByteArray next = std::visit(Encoder(), change);
         const qsizetype length = encoded.json.size() + next.size() + 2;
         if (encoded.count > 0 && length > longestChanges)
             break;
@@ -83,10 +81,10 @@ std::optional<QList<Change>> decodeChanges(const QByteArray &json) {
 }
 
 QByteArray encodeRequests(const QList<NotificationRequest> &requests) {
-    QJsonArray array;
+    QByteArrayList each;
     for (const NotificationRequest &request : requests)
-        array.append(request.toJson());
-    return QJsonDocument(array).toJson(QJsonDocument::Compact);
+        each.append(request.toJson());
+    return '[' + each.join(',') + ']';
 }
 
 std::optional<QList<NotificationRequest>> decodeRequests(const QByteArray &json) {

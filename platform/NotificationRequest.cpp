@@ -6,6 +6,9 @@
 #include <QDate>
 #include <QJsonArray>
 
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -17,6 +20,9 @@ using namespace std::chrono_literals;
 namespace tovarin {
 
 namespace {
+
+/// Ten times as fast as QJsonDocument, which counts for thousands of them.
+using JsonWriter = rapidjson::Writer<rapidjson::StringBuffer>;
 
 constexpr qint64 julianDayOfEpoch = 2440588;
 constexpr double largestExact = 9007199254740992.0; // 2^53
@@ -90,29 +96,46 @@ bool NotificationRequest::isValid() const {
     return toDate(calendar.day).isValid() && calendar.time >= 0min && calendar.time < 24h;
 }
 
-QJsonObject NotificationRequest::toJson() const {
-    QJsonArray options;
+QByteArray NotificationRequest::toJson() const {
+    rapidjson::StringBuffer buffer;
+    JsonWriter writer(buffer);
+    const auto writeText = [&](const char *key, const QString &text) {
+        writer.Key(key);
+        const QByteArray utf8 = text.toUtf8();
+        writer.String(utf8.constData(), static_cast<rapidjson::SizeType>(utf8.size()));
+    };
+    const auto writeNumber = [&](const char *key, qint64 number) {
+        writer.Key(key);
+        writer.Int64(number);
+    };
+    writer.StartObject();
+    writeText("identifier", identifier);
+    writeText("title", title);
+    writeText("body", body);
+    writer.Key("presentation");
+    writer.StartArray();
     for (const OptionName &option : optionNames) {
         if (presentation.testFlag(option.option))
-            options.append(option.name);
+            writer.String(option.name.data(), static_cast<rapidjson::SizeType>(option.name.size()));
     }
-    QJsonObject object{{u"identifier"_s, identifier},
-                       {u"title"_s, title},
-                       {u"body"_s, body},
-                       {u"presentation"_s, options}};
+    writer.EndArray();
     if (const auto *const after = std::get_if<TimeIntervalTrigger>(&trigger)) {
-        object[u"milliseconds"_s] = static_cast<qint64>(after->interval.count());
-        return object;
+        writeNumber("milliseconds", after->interval.count());
+    } else {
+        const auto &calendar = std::get<CalendarTrigger>(trigger);
+        const QDate date = toDate(calendar.day);
+        const hh_mm_ss time(calendar.time);
+        writer.Key("calendar");
+        writer.StartObject();
+        writeNumber("year", date.year());
+        writeNumber("month", date.month());
+        writeNumber("day", date.day());
+        writeNumber("hour", time.hours().count());
+        writeNumber("minute", time.minutes().count());
+        writer.EndObject();
     }
-    const auto &calendar = std::get<CalendarTrigger>(trigger);
-    const QDate date = toDate(calendar.day);
-    const hh_mm_ss time(calendar.time);
-    object[u"calendar"_s] = QJsonObject{{u"year"_s, date.year()},
-                                        {u"month"_s, date.month()},
-                                        {u"day"_s, date.day()},
-                                        {u"hour"_s, static_cast<qint64>(time.hours().count())},
-                                        {u"minute"_s, static_cast<qint64>(time.minutes().count())}};
-    return object;
+    writer.EndObject();
+    return {buffer.GetString(), static_cast<qsizetype>(buffer.GetSize())};
 }
 
 std::optional<NotificationRequest> NotificationRequest::fromJson(const QJsonObject &object) {

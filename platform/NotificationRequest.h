@@ -5,6 +5,7 @@
 
 #include "platform/Clock.h"
 
+#include <QByteArray>
 #include <QFlags>
 #include <QJsonObject>
 #include <QString>
@@ -65,7 +66,7 @@ struct NotificationRequest {
     /// `{"identifier":"renew-…","title":"…","body":"…","presentation":["sound","list","banner"],
     /// "calendar":{"year":2025,"month":3,"day":9,"hour":10,"minute":0}}`; an interval is
     /// `"milliseconds":3000` in the place of the calendar.
-    QJsonObject toJson() const;
+    QByteArray toJson() const;
 
     /// No value for an object that is not exactly that, further keys aside, or that isn't valid.
     static std::optional<NotificationRequest> fromJson(const QJsonObject &object);

@@ -25,6 +25,9 @@ namespace tovarin {
 
 namespace {
 
+/// A list that changes may change again, and a program that starts has better to do.
+constexpr auto gatheringTime = 100ms;
+
 /// What the notifier may need to come up before another one is started.
 constexpr auto startTime = 5s;
 constexpr unsigned long partingInterval = 10; // milliseconds
@@ -72,6 +75,9 @@ SessionNotificationCenter::SessionNotificationCenter(QString bundleIdentifier,
     , m_bundleIdentifier(std::move(bundleIdentifier))
     , m_bus(bus)
     , m_program(std::move(notifierProgram)) {
+    m_gathering.setSingleShot(true);
+    m_gathering.setInterval(gatheringTime);
+    connect(&m_gathering, &QTimer::timeout, this, &SessionNotificationCenter::flush);
     m_starting.setSingleShot(true);
     m_starting.setInterval(startTime);
     connect(&m_starting, &QTimer::timeout, this, &SessionNotificationCenter::flush);
@@ -141,7 +147,8 @@ void SessionNotificationCenter::enqueue(const Change &change) {
         return;
     m_queue.append(change);
     m_hasStarted = false;
-    QMetaObject::invokeMethod(this, &SessionNotificationCenter::flush, Qt::QueuedConnection);
+    if (!m_gathering.isActive())
+        m_gathering.start();
 }
 
 void SessionNotificationCenter::flush() {

@@ -31,15 +31,18 @@ QImage drawn(QSvgRenderer &svg, int size) {
 } // namespace
 
 QImage BrandAssets::markImage() const {
-    const QString path = m_bundle.path(u"BrandMark"_s, u"png"_s);
-    return path.isEmpty() ? QImage() : QImage(path);
+    if (m_mark.isNull()) {
+        if (const QString path = m_bundle.path(u"BrandMark"_s, u"png"_s); !path.isEmpty())
+            m_mark.load(path);
+    }
+    return m_mark;
 }
 
 QIcon BrandAssets::panelIcon() const {
     QSvgRenderer panelMark;
     if (const QString path = m_bundle.path(u"PanelMark"_s, u"svg"_s, u"Brand"_s); !path.isEmpty())
         panelMark.load(path);
-    const QImage mark = markImage();
+    const QImage mark = panelMark.isValid() ? QImage() : markImage();
     SymbolProvider symbols(m_bundle);
     QIcon icon;
     for (const int size : panelSizes) {

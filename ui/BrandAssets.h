@@ -10,7 +10,7 @@
 
 namespace tovarin {
 
-/// The pictures that stand for the program itself.
+/// The pictures that stand for the program itself. For the main thread.
 class BrandAssets {
 public:
     explicit BrandAssets(Bundle bundle) : m_bundle(std::move(bundle)) {}
@@ -26,6 +26,7 @@ public:
 
 private:
     Bundle m_bundle;
+    mutable QImage m_mark; ///< Once it was asked for; it takes a while to decode.
 };
 
 } // namespace tovarin

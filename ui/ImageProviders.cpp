@@ -14,11 +14,12 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
 
-void addImageProviders(QQmlEngine &engine, const Bundle &bundle, const ServiceLogo &logos) {
+void addImageProviders(QQmlEngine &engine, const Bundle &bundle, const BrandAssets &brand,
+                       const ServiceLogo &logos) {
     // The engine deletes them.
     engine.addImageProvider(u"symbol"_s, new SymbolProvider(bundle));
     engine.addImageProvider(u"logo"_s, new LogoProvider(logos));
-    engine.addImageProvider(u"mark"_s, new MarkProvider(BrandAssets(bundle)));
+    engine.addImageProvider(u"mark"_s, new MarkProvider(brand));
 }
 
 } // namespace tovarin

@@ -12,6 +12,7 @@
 #include "tests/support/ManualClock.h"
 #include "tests/support/Samples.h"
 #include "ui/AppFonts.h"
+#include "ui/BrandAssets.h"
 #include "ui/ContentModel.h"
 #include "ui/ImageProviders.h"
 
@@ -88,7 +89,7 @@ class Gallery {
 public:
     Gallery() {
         m_engine.addImportPath(u"qrc:/"_s);
-        addImageProviders(m_engine, m_bundle, m_logos);
+        addImageProviders(m_engine, m_bundle, BrandAssets(m_bundle), m_logos);
         m_store.addAll(rows());
     }
 

@@ -25,7 +25,7 @@ NotificationRequest request(const QString &identifier) {
 }
 
 const QByteArray requestJson =
-    R"({"body":"b","identifier":"a","milliseconds":3000,"presentation":["sound"],"title":"t"})";
+    R"({"identifier":"a","title":"t","body":"b","presentation":["sound"],"milliseconds":3000})";
 
 } // namespace
 

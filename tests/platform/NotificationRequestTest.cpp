@@ -8,6 +8,7 @@
 #include "tests/support/Samples.h"
 
 #include <QJsonArray>
+#include <QJsonDocument>
 
 #include <gtest/gtest.h>
 
@@ -47,6 +48,13 @@ QJsonObject object(const char *json) {
 const QJsonObject calendarObject =
     object(R"({"year":2025,"month":3,"day":9,"hour":10,"minute":5})");
 
+QJsonObject jsonOf(const NotificationRequest &request) {
+    const QByteArray json = request.toJson();
+    EXPECT_EQ(QJsonDocument::fromJson(json).toJson(QJsonDocument::Compact).size(), json.size())
+        << "compact: " << json.toStdString();
+    return QJsonDocument::fromJson(json).object();
+}
+
 /// The object of atTen() with another calendar.
 QJsonObject withCalendar(const char *key, const QJsonValue &value) {
     QJsonObject calendar = calendarObject;
@@ -54,7 +62,7 @@ QJsonObject withCalendar(const char *key, const QJsonValue &value) {
         calendar.remove(QLatin1StringView(key));
     else
         calendar[QLatin1StringView(key)] = value;
-    QJsonObject changed = atTen().toJson();
+    QJsonObject changed = jsonOf(atTen());
     changed[u"calendar"_s] = calendar;
     return changed;
 }
@@ -62,21 +70,21 @@ QJsonObject withCalendar(const char *key, const QJsonValue &value) {
 } // namespace
 
 TEST(NotificationRequest, HasAJsonForm) {
-    EXPECT_EQ(atTen().toJson(), object(R"({"identifier":"renew-1","title":"订阅即将续费",
+    EXPECT_EQ(jsonOf(atTen()), object(R"({"identifier":"renew-1","title":"订阅即将续费",
         "body":"a \"b\"\n","presentation":["sound","list","banner"],
         "calendar":{"year":2025,"month":3,"day":9,"hour":10,"minute":5}})"));
-    EXPECT_EQ(inThreeSeconds().toJson(), object(R"({"identifier":"renew-1","title":"订阅即将续费",
+    EXPECT_EQ(jsonOf(inThreeSeconds()), object(R"({"identifier":"renew-1","title":"订阅即将续费",
         "body":"a \"b\"\n","presentation":[],"milliseconds":3000})"));
 }
 
 TEST(NotificationRequest, IsReadFromIt) {
-    EXPECT_EQ(NotificationRequest::fromJson(atTen().toJson()), atTen());
-    EXPECT_EQ(NotificationRequest::fromJson(inThreeSeconds().toJson()), inThreeSeconds());
+    EXPECT_EQ(NotificationRequest::fromJson(jsonOf(atTen())), atTen());
+    EXPECT_EQ(NotificationRequest::fromJson(jsonOf(inThreeSeconds())), inThreeSeconds());
     for (const PresentationOption option :
          {PresentationOption::sound, PresentationOption::list, PresentationOption::banner}) {
         NotificationRequest request = atTen();
         request.presentation = option;
-        EXPECT_EQ(NotificationRequest::fromJson(request.toJson()), request);
+        EXPECT_EQ(NotificationRequest::fromJson(jsonOf(request)), request);
     }
     using std::chrono::days;
     for (const days away : {days(0), days(-1), days(-800'000), days(365'000'000),
@@ -84,10 +92,10 @@ TEST(NotificationRequest, IsReadFromIt) {
         for (const std::chrono::minutes time : {0min, 1min, 59min, 60min, 1439min}) {
             NotificationRequest request = atTen();
             request.trigger = CalendarTrigger{CivilDay(away), time};
-            EXPECT_EQ(NotificationRequest::fromJson(request.toJson()), request) << away.count();
+            EXPECT_EQ(NotificationRequest::fromJson(jsonOf(request)), request) << away.count();
         }
     }
-    QJsonObject more = atTen().toJson();
+    QJsonObject more = jsonOf(atTen());
     more[u"colour"_s] = u"red"_s;
     EXPECT_EQ(NotificationRequest::fromJson(more), atTen());
 }
@@ -95,7 +103,7 @@ TEST(NotificationRequest, IsReadFromIt) {
 TEST(NotificationRequest, IsNotReadFromAnythingElse) {
     for (const char *key : {"identifier", "title", "body", "presentation", "calendar"}) {
         const QLatin1StringView name(key);
-        QJsonObject changed = atTen().toJson();
+        QJsonObject changed = jsonOf(atTen());
         changed.remove(name);
         EXPECT_EQ(NotificationRequest::fromJson(changed), std::nullopt) << key;
         for (const QJsonValue &value :
@@ -105,7 +113,7 @@ TEST(NotificationRequest, IsNotReadFromAnythingElse) {
             EXPECT_EQ(NotificationRequest::fromJson(changed), std::nullopt) << key;
         }
     }
-    QJsonObject both = atTen().toJson();
+    QJsonObject both = jsonOf(atTen());
     both[u"milliseconds"_s] = 3000;
     EXPECT_EQ(NotificationRequest::fromJson(both), std::nullopt);
     EXPECT_EQ(NotificationRequest::fromJson({}), std::nullopt);
@@ -146,7 +154,7 @@ TEST(NotificationRequest, TakesDaysAndTimesThatExist) {
 TEST(NotificationRequest, TakesIntervalsOfSomeTime) {
     for (const QJsonValue &value :
          QList<QJsonValue>{0, -1, 0.5, 4503599627370497.0, 1e300, u"3000"_s, true}) {
-        QJsonObject changed = inThreeSeconds().toJson();
+        QJsonObject changed = jsonOf(inThreeSeconds());
         changed[u"milliseconds"_s] = value;
         EXPECT_EQ(NotificationRequest::fromJson(changed), std::nullopt)
             << value.toVariant().toString().toStdString();
@@ -154,7 +162,7 @@ TEST(NotificationRequest, TakesIntervalsOfSomeTime) {
     for (const std::chrono::milliseconds interval : {1ms, 4503599627370496ms}) {
         NotificationRequest request = inThreeSeconds();
         request.trigger = TimeIntervalTrigger{interval};
-        EXPECT_EQ(NotificationRequest::fromJson(request.toJson()), request);
+        EXPECT_EQ(NotificationRequest::fromJson(jsonOf(request)), request);
     }
 }
 
@@ -164,14 +172,14 @@ TEST(NotificationRequest, TakesTextsOfSomeLength) {
     request.title = QString(NotificationRequest::longestText, u't');
     request.body = QString(NotificationRequest::longestText, u'b');
     EXPECT_TRUE(request.isValid());
-    EXPECT_EQ(NotificationRequest::fromJson(request.toJson()), request);
+    EXPECT_EQ(NotificationRequest::fromJson(jsonOf(request)), request);
     for (QString NotificationRequest::*const text :
          {&NotificationRequest::identifier, &NotificationRequest::title,
           &NotificationRequest::body}) {
         NotificationRequest longer = request;
         (longer.*text).append(u'x');
         EXPECT_FALSE(longer.isValid());
-        EXPECT_EQ(NotificationRequest::fromJson(longer.toJson()), std::nullopt);
+        EXPECT_EQ(NotificationRequest::fromJson(jsonOf(longer)), std::nullopt);
     }
     request.title.clear();
     request.body.clear();

@@ -5,15 +5,13 @@
 
 #include "platform/NotificationRequest.h"
 
-#include <QJsonDocument>
-
 #include <ostream>
 
 namespace tovarin {
 
 /// How GoogleTest writes a request of a failed comparison.
 inline void PrintTo(const NotificationRequest &request, std::ostream *out) {
-    *out << QJsonDocument(request.toJson()).toJson(QJsonDocument::Compact).toStdString();
+    *out << request.toJson().toStdString();
 }
 
 } // namespace tovarin

@@ -7,6 +7,7 @@
 #include "tests/support/WaitFor.h"
 #include "tests/ui/Complaints.h"
 #include "tests/ui/Texts.h"
+#include "ui/BrandAssets.h"
 #include "ui/ImageProviders.h"
 
 #include <QDir>
@@ -24,7 +25,7 @@ namespace tovarin {
 MainWindow::MainWindow() {
     complaints().clear();
     engine.addImportPath(u"qrc:/"_s);
-    addImageProviders(engine, bundle, logos);
+    addImageProviders(engine, bundle, BrandAssets(bundle), logos);
 }
 
 MainWindow::~MainWindow() {

@@ -5,6 +5,7 @@
 
 #include "tests/ui/Complaints.h"
 #include "tests/ui/Texts.h"
+#include "ui/BrandAssets.h"
 #include "ui/ImageProviders.h"
 
 #include <QQmlComponent>
@@ -19,7 +20,7 @@ namespace tovarin {
 Stage::Stage(const QString &qml, QSize size) {
     complaints().clear();
     m_engine.addImportPath(u"qrc:/"_s);
-    addImageProviders(m_engine, m_bundle, m_logos);
+    addImageProviders(m_engine, m_bundle, BrandAssets(m_bundle), m_logos);
     QQmlComponent component(&m_engine);
     const QString all = u"import QtQuick\nimport Tovarin\nFocusScope {\n%1\n}\n"_s.arg(qml);
     component.setData(all.toUtf8(), QUrl(u"qrc:/Tovarin/Stage.qml"_s));
