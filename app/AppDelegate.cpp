@@ -8,7 +8,6 @@
 #include "app/PanelPlace.h"
 #include "ui/AppFonts.h"
 #include "ui/ImageProviders.h"
-#include "ui/MenuBarModel.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -152,11 +151,11 @@ void AppDelegate::togglePopover(QPoint pointer) {
             return;
     }
     m_popover = std::make_unique<QQuickView>(&m_engine, nullptr);
-    auto *const model = new MenuBarModel(m_store, m_loc, m_popover.get());
+    m_panel = new MenuBarModel(m_store, m_loc, m_popover.get());
     m_popover->setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     m_popover->setTitle(u"Tovarin"_s);
     m_popover->setColor(Qt::black);
-    m_popover->setInitialProperties({{u"panel"_s, QVariant::fromValue(model)}});
+    m_popover->setInitialProperties({{u"panel"_s, QVariant::fromValue(m_panel.data())}});
     m_popover->setSource(QUrl(u"qrc:/Tovarin/MenuBarView.qml"_s));
     QQuickItem *const root = m_popover->rootObject();
     connect(root, SIGNAL(open()), this, SLOT(openFromPopover()));
@@ -186,6 +185,8 @@ void AppDelegate::hide() {
 void AppDelegate::noticeDay() {
     m_content.noticeDay();
     m_sheets.noticeDay();
+    if (m_panel)
+        m_panel->noticeDay();
 }
 
 void AppDelegate::openFromPopover() {
@@ -196,10 +197,11 @@ void AppDelegate::closePopover() {
     if (!m_popover)
         return;
     // It may be the panel itself that asks for this.
-    QQuickView *const popover = m_popover.release();
-    popover->disconnect(this);
-    popover->hide();
-    popover->deleteLater();
+    m_closedPopover = std::move(m_popover);
+    m_closedPopover->disconnect(this);
+    m_closedPopover->hide();
+    QMetaObject::invokeMethod(
+        this, [this] { m_closedPopover.reset(); }, Qt::QueuedConnection);
 }
 
 bool AppDelegate::eventFilter(QObject *watched, QEvent *event) {

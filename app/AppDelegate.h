@@ -16,11 +16,13 @@
 #include "ui/ContentModel.h"
 #include "ui/ContentSheets.h"
 #include "ui/MainMenu.h"
+#include "ui/MenuBarModel.h"
 
 #include <QElapsedTimer>
 #include <QList>
 #include <QObject>
 #include <QPoint>
+#include <QPointer>
 #include <QQmlEngine>
 #include <QUrl>
 
@@ -131,6 +133,8 @@ private:
     std::unique_ptr<StatusItem> m_statusItem;
     QString m_statusToolTip;
     std::unique_ptr<QQuickView> m_popover;
+    QPointer<MenuBarModel> m_panel;              ///< The panel's.
+    std::unique_ptr<QQuickView> m_closedPopover; ///< Until the event loop runs again.
     QElapsedTimer m_sincePopoverOpened;
     QPoint m_pointerAtOpening;
     /// Since the panel closed because it lost the keyboard.

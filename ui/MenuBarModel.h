@@ -53,6 +53,9 @@ public:
     /// The same for QML: a map by the names of Row's members for each.
     QVariantList rows() const;
 
+    /// Another day has begun, or the zone has changed.
+    void noticeDay() { update(); }
+
 Q_SIGNALS:
     void changed();
 

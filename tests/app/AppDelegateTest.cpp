@@ -167,6 +167,20 @@ TEST_P(AppDelegateTest, OpensThePanelWithWhatIsTrueNow) {
                      pair(u"Open Tovarin"_s, u"打开 Tovarin"_s), pair(u"Quit"_s, u"退出"_s)}));
 }
 
+TEST_P(AppDelegateTest, ShowsTheNextDayInAPanelThatIsOpenAtMidnight) {
+    delegate.applicationDidFinishLaunching();
+    delegate.noticeDay();
+    Subscription sub = sampleSubscription(u"Morning Run"_s);
+    sub.startDate = clock.now() + 24h;
+    delegate.store().add(sub);
+    openPanel();
+    EXPECT_EQ(panelTexts().value(6), pair(u"1天后"_s, u"1d"_s));
+    clock.set(clock.now() + 24h);
+    delegate.noticeDay();
+    settle(*delegate.popover());
+    EXPECT_EQ(panelTexts().value(6), pair(u"今天"_s, u"Today"_s));
+}
+
 TEST_P(AppDelegateTest, ClosesThePanelByEscapeAndWhenItLosesTheKeyboard) {
     delegate.applicationDidFinishLaunching();
     openPanel();
