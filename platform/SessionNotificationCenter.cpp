@@ -15,6 +15,7 @@
 #include <QThread>
 
 #include <limits>
+#include <malloc.h>
 #include <utility>
 #include <variant>
 
@@ -27,6 +28,9 @@ namespace {
 
 /// A list that changes may change again, and a program that starts has better to do.
 constexpr auto gatheringTime = 100ms;
+
+/// So many leave megabytes behind, which the allocator would keep.
+constexpr qsizetype manyChanges = 1'000;
 
 /// What the notifier may need to come up before another one is started.
 constexpr auto startTime = 5s;
@@ -181,6 +185,8 @@ void SessionNotificationCenter::finish(const QDBusPendingCallWatcher &call) {
     const QDBusPendingReply<uint> reply = call;
     QList<Change> sent = std::exchange(m_sent, {});
     m_isCalling = false;
+    if (sent.size() > manyChanges)
+        QTimer::singleShot(0, [] { malloc_trim(0); });
     if (reply.isError() && !isRefusal(reply.error())) {
         const bool isVoid =
             !m_queue.isEmpty() &&
