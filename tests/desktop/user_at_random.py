@@ -535,7 +535,8 @@ class User:
         # More than one are not typed.
         if "panel" in way:
             samples = samples[:1]
-        # What says that nothing was found may still stand there from before.
+        # What says that nothing was found stands beside the button, and may do so from before.
+        self.in_head(SCAN)
         if self.app.find_all("label", NOTHING[self.language]) and \
                 all(sample in BROKEN for sample in samples):
             samples[0] = READABLE[0]
