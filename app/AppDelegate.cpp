@@ -100,7 +100,9 @@ AppDelegate::AppDelegate(const Surroundings &surroundings)
     connect(&m_menu, &MainMenu::quit, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 }
 
-AppDelegate::~AppDelegate() = default;
+AppDelegate::~AppDelegate() {
+    delete m_closedPopover;
+}
 
 void AppDelegate::applicationDidFinishLaunching() {
     AppFonts::registerBundledFonts(m_bundle);
@@ -197,11 +199,10 @@ void AppDelegate::closePopover() {
     if (!m_popover)
         return;
     // It may be the panel itself that asks for this.
-    m_closedPopover = std::move(m_popover);
+    m_closedPopover = m_popover.release();
     m_closedPopover->disconnect(this);
     m_closedPopover->hide();
-    QMetaObject::invokeMethod(
-        this, [this] { m_closedPopover.reset(); }, Qt::QueuedConnection);
+    m_closedPopover->deleteLater();
 }
 
 bool AppDelegate::eventFilter(QObject *watched, QEvent *event) {

@@ -133,8 +133,8 @@ private:
     std::unique_ptr<StatusItem> m_statusItem;
     QString m_statusToolTip;
     std::unique_ptr<QQuickView> m_popover;
-    QPointer<MenuBarModel> m_panel;              ///< The panel's.
-    std::unique_ptr<QQuickView> m_closedPopover; ///< Until the event loop runs again.
+    QPointer<MenuBarModel> m_panel;       ///< The panel's.
+    QPointer<QQuickView> m_closedPopover; ///< It may not outlive this.
     QElapsedTimer m_sincePopoverOpened;
     QPoint m_pointerAtOpening;
     /// Since the panel closed because it lost the keyboard.

@@ -51,8 +51,7 @@ private:
     QTemporaryDir m_folder;
 };
 
-/// From here on serials would soon be too large for a JSON number. Nobody gives so many; a file
-/// that claims it is not worth more than being set aside the next time.
+/// No file may hold a serial beyond this; nobody gives so many.
 constexpr quint64 farthestSerial = quint64{1} << 52;
 
 void checkEntries(const QList<PendingEntry> &entries, quint64 next) {
@@ -79,9 +78,10 @@ void check(const Disk &disk, const QByteArray &json) {
     const quint64 next = file.newSerial();
     checkEntries(entries, next);
     checkOriginal(disk, json, entries);
-    if (next > farthestSerial)
+    const bool isSaved = file.save(entries, false);
+    require(isSaved == (next < farthestSerial));
+    if (!isSaved)
         return;
-    require(file.save(entries, false));
     require(!disk.notes());
 
     PendingFile again(disk.folder());

@@ -66,11 +66,6 @@ bool isAbsence(const QDBusError &error) {
     }
 }
 
-/// The bus knows how to start a service, and it did not work. It would not the next time either.
-bool isFailedStart(const QDBusError &error) {
-    return error.name().startsWith(u"org.freedesktop.DBus.Error.Spawn."_s);
-}
-
 bool isSilence(const QDBusError &error) {
     switch (error.type()) {
     case QDBusError::NoReply:
@@ -117,9 +112,9 @@ void DesktopNotifications::prepare(std::function<void(Presence)> answer) {
                     answer(Presence::there);
                     return;
                 }
-                const bool isAbsent =
-                    hasGone || isAbsence(reply.error()) || isFailedStart(reply.error());
-                answer(isAbsent ? Presence::absent : Presence::silent);
+                // A service that has just gone, or could not be started, may be started again; only
+                // asking it does that.
+                answer(!hasGone && isAbsence(reply.error()) ? Presence::absent : Presence::silent);
             });
 }
 

@@ -25,7 +25,8 @@ public:
     enum class Presence {
         there,
         absent, ///< It will tell with appeared() when it comes.
-        silent, ///< It may be there, but does not answer as it should. Nobody tells when it will.
+        silent, ///< It does not answer as it should, has just died or could not be started. Nobody
+                ///< tells when it will; asking again later may help.
     };
 
     /// Finds out whether the service is there, and starts it where it can be started. The answer

@@ -20,8 +20,20 @@ namespace {
 
 constexpr milliseconds retryInterval = 5min;
 
+/// A service that has died of a notification so often in a row gets its next chance after the
+/// interval, even if the bus or its supervisor starts it at once.
+constexpr int mostDeaths = 2;
+
+/// A service that refuses so many in a row takes nothing now.
+constexpr int mostRefusals = 3;
+
 /// How long a plan may be on its way.
 constexpr milliseconds planTime = 1min;
+
+/// Whichever way the clock was set meanwhile.
+bool isWithinPlanTime(Instant collected, Instant now) {
+    return abs(now - collected) <= planTime;
+}
 
 } // namespace
 
@@ -43,7 +55,8 @@ Notifier::Notifier(const Clock &clock, const UserZone &zone, const QString &fold
     connect(&m_timer, &WallTimer::rang, this, &Notifier::look);
     connect(&m_service, &NotificationService::appeared, this, [this] {
         m_hasAppeared = true;
-        m_retryAt.reset();
+        if (m_deaths < mostDeaths)
+            m_retryAt.reset();
         deliver();
     });
     connect(&m_service, &NotificationService::shownNothing, this, &Notifier::tellIfIdle);
@@ -154,6 +167,8 @@ bool Notifier::collectDue(Instant now) {
     std::ranges::sort(due, {}, [](const Pending &pending) {
         return std::tuple(*pending.moment, pending.entry.serial);
     });
+    if (!due.empty())
+        forgetCollected(now);
     QSet<QString> identifiers;
     for (const Pending &pending : due)
         identifiers.insert(pending.entry.request.identifier);
@@ -165,7 +180,9 @@ bool Notifier::collectDue(Instant now) {
     m_held.removeIf(isReplaced);
     for (Pending &pending : due) {
         remove(pending.entry.request.identifier);
-        rememberCollected(pending, now);
+        if (const auto *const trigger =
+                std::get_if<CalendarTrigger>(&pending.entry.request.trigger))
+            m_collected[pending.entry.request.identifier] = {now, *trigger};
         pending.entry.isDue = true;
         m_due.append(pending.entry);
     }
@@ -176,15 +193,13 @@ bool Notifier::isCollected(const NotificationRequest &request, Instant now) cons
     const auto *const trigger = std::get_if<CalendarTrigger>(&request.trigger);
     const auto found = m_collected.constFind(request.identifier);
     return trigger && found != m_collected.cend() && found->trigger == *trigger &&
-           found->moment <= now && now - found->moment <= planTime;
+           isWithinPlanTime(found->at, now);
 }
 
-void Notifier::rememberCollected(const Pending &pending, Instant now) {
+void Notifier::forgetCollected(Instant now) {
     m_collected.removeIf([now](const QHash<QString, Collected>::iterator &other) {
-        return now - other->moment > planTime;
+        return !isWithinPlanTime(other->at, now);
     });
-    if (const auto *const trigger = std::get_if<CalendarTrigger>(&pending.entry.request.trigger))
-        m_collected[pending.entry.request.identifier] = {*pending.moment, *trigger};
 }
 
 bool Notifier::shortenIntervals(Instant now) {
@@ -225,6 +240,7 @@ void Notifier::deliver() {
         return;
     if (!m_retryAt || m_clock.now() >= *m_retryAt) {
         m_retryAt.reset();
+        m_refusals = 0;
         m_due = std::exchange(m_held, {}) + m_due;
     }
     if (m_due.isEmpty())
@@ -232,47 +248,70 @@ void Notifier::deliver() {
     m_isDelivering = true;
     m_hasAppeared = false;
     m_service.prepare([this](NotificationService::Presence presence) {
-        if (presence == NotificationService::Presence::there) {
+        using enum NotificationService::Presence;
+        if (presence == there) {
             post();
             return;
         }
-        if (m_hasAppeared)
+        if (m_hasAppeared && (presence == absent || ++m_deaths < mostDeaths))
             tryAgain();
-        else if (presence == NotificationService::Presence::silent)
-            hold(m_due.size());
+        else if (presence == silent)
+            hold(m_due.size(), Tried::no);
         endDelivery();
     });
 }
 
 void Notifier::post() {
     m_isPosting = true;
+    // That it appeared when it was asked for says nothing of what happens to this one.
+    m_hasAppeared = false;
     m_file.notePosted(m_due.first().serial);
     m_service.post(m_due.first().request,
                    [this](NotificationService::Outcome outcome) { finish(outcome); });
 }
 
 void Notifier::finish(NotificationService::Outcome outcome) {
-    using enum NotificationService::Outcome;
     m_isPosting = false;
-    if (outcome == shown) {
+    if (outcome == NotificationService::Outcome::shown) {
+        m_deaths = m_refusals = 0;
         m_due.removeFirst();
         if (m_due.isEmpty())
             save();
     } else {
-        // Under its old serial it counts as posted.
-        m_due.first().serial = m_file.newSerial();
-        save();
-        if (outcome == refused || !m_hasAppeared)
-            hold(1);
+        keepUnshown(outcome);
     }
     endDelivery();
     tryAgain();
     tellIfIdle();
 }
 
-void Notifier::hold(qsizetype count) {
-    m_held += m_due.first(count);
+void Notifier::keepUnshown(NotificationService::Outcome outcome) {
+    const QString &identifier = m_due.first().request.identifier;
+    const bool isReplaced =
+        std::any_of(m_due.begin() + 1, m_due.end(), [&](const PendingEntry &other) {
+            return other.request.identifier == identifier;
+        });
+    // Under its old serial it counts as posted.
+    m_due.first().serial = m_file.newSerial();
+    const bool isRefused = outcome == NotificationService::Outcome::refused;
+    const bool takesNothing = isRefused ? ++m_refusals >= mostRefusals : ++m_deaths >= mostDeaths;
+    if (isReplaced)
+        m_due.removeFirst();
+    else if (isRefused || takesNothing || !m_hasAppeared)
+        hold(1, Tried::yes);
+    if (takesNothing)
+        hold(m_due.size(), Tried::no);
+    save();
+}
+
+void Notifier::hold(qsizetype count, Tried tried) {
+    // A service has come for what was held before.
+    if (!m_retryAt)
+        m_due += std::exchange(m_held, {});
+    const QList<PendingEntry> held = m_due.first(count);
     m_due.remove(0, count);
+    // What was tried comes last, so that everything gets its turn.
+    m_held = tried == Tried::yes ? m_held + held : held + m_held;
     if (!m_retryAt)
         m_retryAt = m_clock.now() + retryInterval;
 }

@@ -24,8 +24,10 @@ namespace tovarin {
 /// service to post it to, in the order of the moments. It is not pending any more: neither removing
 /// it nor setting the clock back calls it back. A request of the same identifier that comes due
 /// later, while nobody can show either, takes its place, so that a desktop without a service
-/// gathers one notification for each identifier at the most. What the service refuses, or does not
-/// answer for, is tried again five minutes later and when a service appears; it holds up no other.
+/// gathers one notification for each identifier at the most. What the service refuses or dies of is
+/// tried again five minutes later, and everything when the service does not say what it can; all
+/// that is tried at once when a service appears, unless services keep dying of it. It holds up no
+/// other, but three refusals, or two deaths, in a row hold up all.
 ///
 /// The moment of a calendar trigger is taken in the zone of now (UserZone::instantOf); a change of
 /// zone moves it. An interval counts from when the request is added, over restarts too, by the wall
@@ -33,9 +35,9 @@ namespace tovarin {
 /// now on takes just that. What came due while nobody ran is posted at the start.
 ///
 /// A plan that was made just before a moment may arrive just after it, and bring a request again
-/// that has come due meanwhile. One with the identifier and the calendar trigger of what came due
-/// within a minute is therefore taken for the same and not kept. (A notifier that was killed in
-/// that minute does not know of it, and posts it *twice*.)
+/// that has come due meanwhile. One with the identifier and the calendar trigger of what was found
+/// due within a minute, by the clock as it is now, is therefore taken for the same and not kept. (A
+/// notifier that was killed in that minute does not know of it, and posts it *twice*.)
 ///
 /// Once, also when the process is killed. The serial of a request is noted on disk just before it
 /// is handed to the session bus, and what is noted is never posted again:
@@ -93,8 +95,10 @@ private:
         std::optional<Instant> moment; ///< None for a day that no clock reaches.
     };
 
+    enum class Tried { no, yes };
+
     struct Collected {
-        Instant moment;
+        Instant at; ///< When it was found to be due.
         CalendarTrigger trigger;
     };
 
@@ -105,14 +109,15 @@ private:
     void remove(const QString &identifier);
     bool collectDue(Instant now);
     bool isCollected(const NotificationRequest &request, Instant now) const;
-    void rememberCollected(const Pending &pending, Instant now);
+    void forgetCollected(Instant now);
     bool shortenIntervals(Instant now);
     void save();
     void arm();
     void deliver();
     void post();
     void finish(NotificationService::Outcome outcome);
-    void hold(qsizetype count);
+    void keepUnshown(NotificationService::Outcome outcome);
+    void hold(qsizetype count, Tried tried);
     void endDelivery();
     void tryAgain();
     void tellIfIdle();
@@ -131,6 +136,8 @@ private:
     bool m_isDelivering = false;
     bool m_isPosting = false;   ///< The first of those due is on its way.
     bool m_hasAppeared = false; ///< The service has, since it was asked for.
+    int m_deaths = 0;           ///< Of services that were to show something, in a row.
+    int m_refusals = 0;         ///< In a row.
 };
 
 } // namespace tovarin

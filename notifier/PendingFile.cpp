@@ -28,7 +28,8 @@ namespace {
 
 constexpr int version = 1;
 constexpr qint64 longestFile = 256 * 1024 * 1024;
-constexpr double largestExact = 9007199254740992.0; // 2^53
+constexpr double largestExact = 9007199254740992.0;  // 2^53
+constexpr quint64 farthestSerial = quint64{1} << 52; ///< Nobody gives so many.
 constexpr char endMark = '.';
 
 bool isDigit(char character) {
@@ -44,7 +45,9 @@ std::optional<qint64> wholeNumber(const QJsonValue &value) {
 
 std::optional<quint64> serialOf(const QJsonValue &value) {
     const std::optional<qint64> number = wholeNumber(value);
-    return number && *number > 0 ? std::optional(static_cast<quint64>(*number)) : std::nullopt;
+    if (!number || *number <= 0 || static_cast<quint64>(*number) > farthestSerial)
+        return std::nullopt;
+    return static_cast<quint64>(*number);
 }
 
 /// The request's object with members of its own.
@@ -83,7 +86,7 @@ QSet<quint64> postedSerials(const QByteArray &lines) {
             continue;
         bool isNumber = false;
         const quint64 serial = line.chopped(1).toULongLong(&isNumber);
-        if (isNumber && serial < static_cast<quint64>(largestExact))
+        if (isNumber && serial < farthestSerial)
             serials.insert(serial);
     }
     return serials;
@@ -125,7 +128,9 @@ bool PendingFile::save(const QList<PendingEntry> &entries, bool keepsPosted) {
     const QByteArray json = "{\"version\":" + QByteArray::number(version) +
                             ",\"next\":" + QByteArray::number(m_next) + ",\"requests\":[" +
                             requests.join(',') + "]}";
-    if (m_isLocked || !DurableFile::replace(m_path, json))
+    // What load() would not read must not take the place of what it would.
+    if (m_isLocked || json.size() > longestFile || m_next > farthestSerial ||
+        !DurableFile::replace(m_path, json))
         return false;
     if (!keepsPosted)
         QFile::remove(m_postedPath);

@@ -51,7 +51,8 @@ public:
     quint64 newSerial() { return m_next++; }
 
     /// Replaces the file. `keepsPosted` leaves the lines of notePosted() as they are, for something
-    /// whose posting is still going on. False when the disk has not got it; the lines stay then.
+    /// whose posting is still going on. False when the disk has not got it, or when it would be too
+    /// long to be loaded again; the old file and the lines stay then.
     bool save(const QList<PendingEntry> &entries, bool keepsPosted);
 
     /// What has this serial is not loaded again.

@@ -24,10 +24,11 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(AuthorizationOptions)
 ///
 /// A request is pending from when it is added until its moment comes, and then it is delivered
 /// once. What has come due is not pending any more: removing it does not stop it, and a new request
-/// with its identifier comes besides.
+/// with its identifier comes besides, unless it is for the very moment that has just passed.
 ///
 /// The operations take effect in the order in which they are called, and those called without going
-/// back to the event loop between take effect together or not at all. None waits or fails: what
+/// back to the event loop between take effect together or not at all, if there are not tens of
+/// thousands of them. None waits or fails: what
 /// cannot be done is not done. A click on a notification brings the application to the front; the
 /// center does that without the application.
 class NotificationCenter {

@@ -26,8 +26,8 @@ namespace tovarin {
 
 namespace {
 
-/// A list that changes may change again, and a program that starts has better to do.
-constexpr auto gatheringTime = 100ms;
+/// A program that starts has better to do.
+constexpr auto firstDelay = 100ms;
 
 /// So many leave megabytes behind, which the allocator would keep.
 constexpr qsizetype manyChanges = 1'000;
@@ -80,7 +80,7 @@ SessionNotificationCenter::SessionNotificationCenter(QString bundleIdentifier,
     , m_bus(bus)
     , m_program(std::move(notifierProgram)) {
     m_gathering.setSingleShot(true);
-    m_gathering.setInterval(gatheringTime);
+    m_gathering.setInterval(firstDelay);
     connect(&m_gathering, &QTimer::timeout, this, &SessionNotificationCenter::flush);
     m_starting.setSingleShot(true);
     m_starting.setInterval(startTime);
@@ -102,7 +102,9 @@ SessionNotificationCenter::SessionNotificationCenter(QString bundleIdentifier,
 }
 
 SessionNotificationCenter::~SessionNotificationCenter() {
-    if (!m_sent.isEmpty() || !m_queue.isEmpty())
+    // Who asked may be gone.
+    m_questions.clear();
+    if (isUsable() && (!m_sent.isEmpty() || !m_queue.isEmpty()))
         tellBeforeParting();
 }
 
@@ -151,7 +153,9 @@ void SessionNotificationCenter::enqueue(const Change &change) {
         return;
     m_queue.append(change);
     m_hasStarted = false;
-    if (!m_gathering.isActive())
+    if (m_hasSent)
+        QMetaObject::invokeMethod(this, &SessionNotificationCenter::flush, Qt::QueuedConnection);
+    else if (!m_gathering.isActive())
         m_gathering.start();
 }
 
@@ -167,7 +171,7 @@ void SessionNotificationCenter::flush() {
 }
 
 void SessionNotificationCenter::send() {
-    m_isCalling = true;
+    m_isCalling = m_hasSent = true;
     const NotificationMessages::EncodedChanges first = NotificationMessages::encodeChanges(m_queue);
     m_sent = m_queue.first(first.count);
     m_queue.remove(0, first.count);
@@ -227,8 +231,13 @@ void SessionNotificationCenter::answerQuestions(const QList<NotificationRequest>
 }
 
 void SessionNotificationCenter::startNotifier() {
-    if (m_program.isEmpty() || std::exchange(m_hasStarted, true)) {
+    if (std::exchange(m_hasStarted, true)) {
         answerQuestions({});
+        return;
+    }
+    if (m_program.isEmpty()) {
+        // The bus may start another one in the place of one that was just leaving.
+        QMetaObject::invokeMethod(this, &SessionNotificationCenter::flush, Qt::QueuedConnection);
         return;
     }
     QProcess notifier;

@@ -28,12 +28,12 @@ namespace tovarin {
 /// starts it again, once for each change, when it dies while something may be pending; one that has
 /// delivered everything leaves, and then finds nothing to do and leaves again.
 ///
-/// Calls never wait: what is asked for within a tenth of a second is sent in one message (in
+/// Calls never wait: what is asked for before the event loop runs again is sent in one message (in
 /// several, one after the other, if it is too long for one), and stays here while there is nobody
-/// to take it. Without a session bus, or
-/// without a bundle identifier, everything is dropped. No desktop lets a program ask for leave;
-/// users forbid what they don't like in the desktop's settings, and it is planned all the same. So
-/// leave is granted wherever there is a bus.
+/// to take it. The very first message waits for a tenth of a second, while the program starts.
+/// Without a session bus, or without a bundle identifier, everything is dropped. No desktop lets a
+/// program ask for leave; users forbid what they don't like in the desktop's settings, and it is
+/// planned all the same. So leave is granted wherever there is a bus.
 ///
 /// For the main thread.
 class SessionNotificationCenter final : public QObject, public NotificationCenter {
@@ -90,7 +90,8 @@ private:
     bool m_isCalling = false;
     bool m_mayHavePending = false; ///< The notifier, by its last answer.
     bool m_hasStarted = false;     ///< The notifier, for what is to be sent now.
-    QTimer m_gathering;            ///< Runs while more may come.
+    bool m_hasSent = false;        ///< Anything yet.
+    QTimer m_gathering;            ///< Runs before the first message.
     QTimer m_starting;             ///< Runs while it is expected to come up.
 };
 

@@ -18,6 +18,8 @@ public:
 
     void prepare(std::function<void(Presence)> answer) override {
         ++questions;
+        if (isStartedByQuestions && !isThere)
+            appear();
         if (holdsQuestions)
             m_question = std::move(answer);
         else
@@ -28,6 +30,11 @@ public:
         if (losesPosts)
             return;
         posted.append(request.body);
+        if (diesOfPosts) {
+            isThere = false;
+            answer(Outcome::absent);
+            return;
+        }
         if (holdsAnswers)
             m_answer = std::move(answer);
         else
@@ -57,6 +64,8 @@ public:
 
     bool isThere = true;
     bool isSilent = false;
+    bool isStartedByQuestions = false; ///< As the bus does.
+    bool diesOfPosts = false;
     Outcome outcome = Outcome::shown;
     bool holdsQuestions = false;
     bool holdsAnswers = false;

@@ -147,6 +147,108 @@ TEST_F(NotifierServiceTest, AsksASilentServiceAgainInFiveMinutes) {
     EXPECT_EQ(posted(), (QStringList{u"a"_s, u"b"_s}));
 }
 
+TEST_F(NotifierServiceTest, DoesNotStartAServiceThatDiesAgainAndAgain) {
+    m.service.isThere = false;
+    m.service.isStartedByQuestions = true;
+    m.service.diesOfPosts = true;
+    m.change({atTen("2025-06-01", u"a"_s)});
+    EXPECT_EQ(posted(), a);
+    m.set(m.clock.now() + 5min - 1ms);
+    EXPECT_EQ(posted(), nothing);
+    m.set(m.clock.now() + 1ms);
+    EXPECT_EQ(posted(), a);
+    // Somebody else starts it at once.
+    m.service.appear();
+    settle();
+    EXPECT_EQ(posted(), nothing);
+    m.service.diesOfPosts = false;
+    m.set(m.clock.now() + 5min);
+    EXPECT_EQ(posted(), a);
+    EXPECT_TRUE(m.notifier().isIdle());
+}
+
+TEST_F(NotifierServiceTest, HoldsAllThatAServiceDiesOf) {
+    m.service.diesOfPosts = true;
+    m.service.isStartedByQuestions = true;
+    m.change(
+        {atTen("2025-06-01", u"a"_s), atTen("2025-06-01", u"b"_s), atTen("2025-06-01", u"c"_s)});
+    EXPECT_EQ(posted(), (QStringList{u"a"_s, u"b"_s}));
+    m.service.diesOfPosts = false;
+    m.set(m.clock.now() + 5min);
+    EXPECT_EQ(posted(), (QStringList{u"c"_s, u"a"_s, u"b"_s}));
+}
+
+TEST_F(NotifierServiceTest, AsksOneThatDiesOfTheQuestionOnceMore) {
+    m.service.holdsQuestions = true;
+    m.change({atTen("2025-06-01", u"a"_s)});
+    m.service.appear();
+    m.service.answerQuestion(Presence::silent);
+    settle();
+    EXPECT_EQ(m.service.questions, 2);
+    m.service.appear();
+    m.service.answerQuestion(Presence::silent);
+    settle();
+    EXPECT_EQ(m.service.questions, 2);
+    m.set(m.clock.now() + 5min);
+    EXPECT_EQ(m.service.questions, 3);
+    m.service.answerQuestion(Presence::there);
+    settle();
+    EXPECT_EQ(posted(), a);
+}
+
+TEST_F(NotifierServiceTest, HoldsAllAfterThreeRefusals) {
+    m.service.outcome = Outcome::refused;
+    m.change({atTen("2025-06-01", u"a"_s), atTen("2025-06-01", u"b"_s), atTen("2025-06-01", u"c"_s),
+              atTen("2025-06-01", u"d"_s)});
+    EXPECT_EQ(posted(), (QStringList{u"a"_s, u"b"_s, u"c"_s}));
+    m.service.outcome = Outcome::shown;
+    m.set(m.clock.now() + 5min);
+    EXPECT_EQ(posted(), (QStringList{u"d"_s, u"a"_s, u"b"_s, u"c"_s}));
+}
+
+TEST_F(NotifierServiceTest, DropsARefusedOneThatALaterOneReplaces) {
+    m.service.holdsAnswers = true;
+    m.change({atTen("2025-06-01", u"a"_s, u"old"_s)});
+    m.change({after(1ms, u"a"_s)});
+    m.set(m.clock.now() + 1ms);
+    EXPECT_EQ(posted(), QStringList(u"old"_s));
+    m.service.holdsAnswers = false;
+    m.service.answerPost(Outcome::refused);
+    settle();
+    EXPECT_EQ(posted(), a);
+    EXPECT_TRUE(m.notifier().isIdle());
+    m.restart();
+    EXPECT_EQ(posted(), nothing);
+}
+
+TEST_F(NotifierServiceTest, TriesAllAgainWhenAServiceComesWhileOneIsRefused) {
+    m.service.outcome = Outcome::refused;
+    m.change({atTen("2025-06-01", u"a"_s)});
+    m.service.holdsAnswers = true;
+    m.change({atTen("2025-06-01", u"b"_s)});
+    EXPECT_EQ(posted(), (QStringList{u"a"_s, u"b"_s}));
+    m.service.appear();
+    m.service.holdsAnswers = false;
+    m.service.outcome = Outcome::shown;
+    m.service.answerPost(Outcome::refused);
+    settle();
+    EXPECT_EQ(posted(), a);
+    m.set(m.clock.now() + 5min);
+    EXPECT_EQ(posted(), QStringList(u"b"_s));
+}
+
+TEST_F(NotifierServiceTest, WakesByItselfToTryARefusedOneAgain) {
+    const Instant now = SystemClock().now();
+    m.clock.set(now - 5min + 50ms);
+    m.service.outcome = Outcome::refused;
+    m.change({atTen("2025-06-01", u"a"_s)});
+    EXPECT_EQ(posted(), a);
+    m.service.outcome = Outcome::shown;
+    m.clock.set(now + 50ms);
+    EXPECT_TRUE(waitFor([this] { return !m.service.posted.isEmpty(); }));
+    EXPECT_EQ(posted(), a);
+}
+
 TEST_F(NotifierServiceTest, WakesByItselfToAskASilentServiceAgain) {
     const Instant now = SystemClock().now();
     m.clock.set(now - 5min + 50ms);

@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
+#include <QJsonDocument>
 
 #include <gtest/gtest.h>
 
@@ -146,6 +147,19 @@ TEST_F(PendingFileTest, ReadsOnlyWholeNotes) {
     EXPECT_EQ(load(), QList<PendingEntry>());
 }
 
+TEST_F(PendingFileTest, WritesNothingThatItWouldNotRead) {
+    const quint64 farthest = quint64{1} << 52;
+    const QByteArray json =
+        "{\"version\":1,\"next\":" + QByteArray::number(farthest) + ",\"requests\":[]}";
+    write(u"notifications.json"_s, json);
+    PendingFile file(folder());
+    EXPECT_EQ(file.load(), QList<PendingEntry>());
+    EXPECT_TRUE(file.save({}, false));
+    EXPECT_EQ(file.newSerial(), farthest);
+    EXPECT_FALSE(file.save({}, false));
+    EXPECT_EQ(read(u"notifications.json"_s), json);
+}
+
 TEST_F(PendingFileTest, SetsADamagedFileAside) {
     saved();
     const QByteArray good = read(u"notifications.json"_s);
@@ -180,6 +194,7 @@ TEST_F(PendingFileTest, SetsADamagedFileAside) {
         changed(u"next"_s, 0),
         changed(u"next"_s, 1.5),
         changed(u"next"_s, 1e300),
+        changed(u"next"_s, 4503599627370497.0),
         changed(u"requests"_s, QJsonObject()),
         changed(u"requests"_s, QJsonArray{1}),
         changedEntry(0, u"serial"_s, 0),
