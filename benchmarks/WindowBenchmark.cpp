@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 
 // What the main window costs the processor, drawn without a graphics card: a frame while its list
-// is scrolled, another language, a change of the list.
+// is scrolled, another language, a change of the list and of its reminders.
 
 #include "app/LocalizationManager.h"
+#include "app/NotificationManager.h"
 #include "model/Store.h"
+#include "platform/NotificationMessages.h"
 #include "platform/OpenPanel.h"
 #include "platform/UserCalendar.h"
 #include "platform/UserDefaults.h"
@@ -150,8 +152,23 @@ void changeList(benchmark::State &state) {
     }
 }
 
+/// What a change of the list costs besides: its reminders, planned and written for the notifier.
+void planReminders(benchmark::State &state) {
+    const SystemClock clock;
+    const UserCalendar calendar = UserCalendar::current(processEnvironment());
+    const QList<Subscription> subs = entries(static_cast<int>(state.range(0)), clock);
+    for (auto _ : state) {
+        QList<NotificationMessages::Change> changes{NotificationMessages::RemoveAllPending()};
+        for (const NotificationRequest &request :
+             renewalReminders(subs, 3, clock.now(), calendar, false))
+            changes.append(request);
+        benchmark::DoNotOptimize(NotificationMessages::encodeChanges(changes).json.data());
+    }
+}
+
 BENCHMARK(switchLanguage)->Arg(8)->Arg(10'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(changeList)->Arg(8)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(planReminders)->Arg(8)->Arg(10'000)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
