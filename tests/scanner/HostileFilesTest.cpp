@@ -65,8 +65,8 @@ qsizetype draftsBeforeSoundBill(const QList<QUrl> &files, std::chrono::milliseco
     return draftsBeforeSoundBill(job, files);
 }
 
-/// The most memory that a process had that was awaited here, in bytes.
-long mostMemoryOfChildren() {
+/// The most memory that a process had that was awaited here, in bytes. Sanitizers take more.
+[[maybe_unused]] long mostMemoryOfChildren() {
     rusage usage{};
     getrusage(RUSAGE_CHILDREN, &usage);
     return usage.ru_maxrss * 1024;
