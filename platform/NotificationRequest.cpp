@@ -38,6 +38,12 @@ constexpr std::array optionNames = {
     OptionName{PresentationOption::banner, "banner"_L1},
 };
 
+/// Half a surrogate pair, which JSON may name and UTF-8 cannot hold, becomes a question mark, as it
+/// does when it is written.
+QString wellFormed(const QString &text) {
+    return text.isValidUtf16() ? text : QString::fromUtf8(text.toUtf8());
+}
+
 QDate toDate(CivilDay day) {
     return QDate::fromJulianDay(julianDayOfEpoch + day.time_since_epoch().count());
 }
@@ -147,9 +153,9 @@ std::optional<NotificationRequest> NotificationRequest::fromJson(const QJsonObje
         presentationOf(object["presentation"_L1]);
     if (!presentation || object.contains("calendar"_L1) == object.contains("milliseconds"_L1))
         return std::nullopt;
-    NotificationRequest request{.identifier = object["identifier"_L1].toString(),
-                                .title = object["title"_L1].toString(),
-                                .body = object["body"_L1].toString(),
+    NotificationRequest request{.identifier = wellFormed(object["identifier"_L1].toString()),
+                                .title = wellFormed(object["title"_L1].toString()),
+                                .body = wellFormed(object["body"_L1].toString()),
                                 .presentation = *presentation,
                                 .trigger = {}};
     if (object.contains("calendar"_L1)) {

@@ -100,6 +100,21 @@ TEST(NotificationRequest, IsReadFromIt) {
     EXPECT_EQ(NotificationRequest::fromJson(more), atTen());
 }
 
+TEST(NotificationRequest, HoldsAnyText) {
+    NotificationRequest request = atTen();
+    request.title = u"\0\u0001\u001f\"\\/\u2028😀"_s;
+    EXPECT_EQ(NotificationRequest::fromJson(jsonOf(request)), request);
+    // Half a pair is no character; it becomes the same however it comes.
+    request.body = u"a"_s + QChar(0xd83d) + u"b"_s;
+    QJsonObject json = jsonOf(atTen());
+    json[u"title"_s] = request.title;
+    json[u"body"_s] = request.body;
+    const auto read = NotificationRequest::fromJson(json);
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->body, u"a?b"_s);
+    EXPECT_EQ(NotificationRequest::fromJson(jsonOf(request)), read);
+}
+
 TEST(NotificationRequest, IsNotReadFromAnythingElse) {
     for (const char *key : {"identifier", "title", "body", "presentation", "calendar"}) {
         const QLatin1StringView name(key);
