@@ -7,6 +7,7 @@
 #include "app/NotificationManager.h"
 #include "platform/UserMonths.h"
 #include "tests/support/LanguageScope.h"
+#include "tests/support/LanguageTest.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/ManualDelay.h"
 #include "tests/support/MemoryDefaults.h"
@@ -34,16 +35,10 @@ using namespace std::chrono_literals;
 
 namespace tovarin {
 
-using Lang = LocalizationManager::Lang;
-
 namespace {
 
-class AppDelegateTest : public testing::TestWithParam<Lang> {
+class AppDelegateTest : public LanguageTest {
 protected:
-    QString pair(const QString &chinese, const QString &english) const {
-        return GetParam() == Lang::zh ? chinese : english;
-    }
-
     static void settle(QQuickWindow &window) {
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
         ASSERT_FALSE(window.grabWindow().isNull());
@@ -56,8 +51,6 @@ protected:
     }
 
     QStringList panelTexts() const { return textsOf(*delegate.popover()->contentItem()); }
-
-    bool isZh() const { return GetParam() == Lang::zh; }
 
     QStringList windowTexts() const { return textsOf(*delegate.window()->contentItem()); }
 
@@ -155,7 +148,7 @@ TEST_P(AppDelegateTest, OpensThePanelWithWhatIsTrueNow) {
     Subscription sub = sampleSubscription(u"Morning Run"_s);
     sub.startDate = clock.now();
     delegate.store().add(sub);
-    const LanguageScope other(GetParam() == Lang::zh ? Lang::en : Lang::zh);
+    const LanguageScope other(otherLang());
     openPanel();
     EXPECT_EQ(
         panelTexts(),
@@ -235,7 +228,7 @@ TEST_P(AppDelegateTest, SaysWhatTheItemIsFor) {
     const QString zh = u"Tovarin · 点击查看订阅支出"_s;
     const QString en = u"Tovarin · Click to view subscription spend"_s;
     EXPECT_EQ(delegate.statusToolTip(), pair(zh, en));
-    const LanguageScope other(GetParam() == Lang::zh ? Lang::en : Lang::zh);
+    const LanguageScope other(otherLang());
     // Only with the next change of the list.
     EXPECT_EQ(delegate.statusToolTip(), pair(zh, en));
     delegate.store().add(sampleSubscription());
@@ -324,7 +317,7 @@ TEST_P(AppDelegateTest, PlansTheRemindersWheneverTheyChange) {
     const qsizetype calls = center.calls.size();
     delegate.showMainWindow();
     delegate.noticeDay();
-    LocalizationManager::shared().setLang(isZh() ? Lang::en : Lang::zh);
+    LocalizationManager::shared().setLang(otherLang());
     EXPECT_EQ(center.calls.size(), calls);
 }
 
@@ -344,9 +337,6 @@ TEST_P(AppDelegateTest, PlansTheRemindersAnewForAnotherDayCount) {
     EXPECT_EQ(center.requests.size(), 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(, AppDelegateTest, testing::Values(Lang::en, Lang::zh),
-                         [](const testing::TestParamInfo<Lang> &language) {
-                             return language.param == Lang::zh ? "Chinese" : "English";
-                         });
+INSTANTIATE_TEST_SUITE_P(, AppDelegateTest, bothLanguages(), languageName);
 
 } // namespace tovarin

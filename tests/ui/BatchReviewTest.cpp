@@ -5,6 +5,7 @@
 
 #include "model/Store.h"
 #include "tests/support/LanguageScope.h"
+#include "tests/support/LanguageTest.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/Printing.h"
 #include "tests/support/Samples.h"
@@ -22,17 +23,10 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
 
-using Lang = LocalizationManager::Lang;
-
 namespace {
 
-class BatchReviewTest : public testing::TestWithParam<Lang> {
+class BatchReviewTest : public LanguageTest {
 protected:
-    bool isZh() const { return GetParam() == Lang::zh; }
-    QString pair(const QString &chinese, const QString &english) const {
-        return isZh() ? chinese : english;
-    }
-
     void open(const QStringList &names) {
         items.clear();
         for (const QString &name : names)
@@ -230,7 +224,7 @@ TEST_P(BatchReviewTest, LeavesTheKeyboardWhereItIs) {
     stage->type(u"XY"_s);
     EXPECT_EQ(items[0].subscription.name, u"aXYbcd"_s);
     EXPECT_EQ(piece(0, u"name"_s).property("cursorPosition"), 3);
-    const LanguageScope other(isZh() ? Lang::en : Lang::zh);
+    const LanguageScope other(otherLang());
     review->setIncluded(0, false);
     review->setIncluded(1, false);
     review->setAmount(0, 5);
@@ -246,7 +240,7 @@ TEST_P(BatchReviewTest, LeavesTheKeyboardWhereItIs) {
 
 TEST_P(BatchReviewTest, FollowsTheLanguage) {
     open({QString()});
-    const LanguageScope other(isZh() ? Lang::en : Lang::zh);
+    const LanguageScope other(otherLang());
     stage->settle();
     EXPECT_EQ(stage->texts(),
               isZh() ? (QStringList{u"[ BATCH SCAN ]"_s, u"[ 1/1 ]"_s,
@@ -499,9 +493,6 @@ TEST_P(BatchReviewTest, TellsAllOfItToAScreenReader) {
     EXPECT_EQ(store.subscriptions().size(), 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(, BatchReviewTest, testing::Values(Lang::en, Lang::zh),
-                         [](const testing::TestParamInfo<Lang> &language) {
-                             return language.param == Lang::zh ? "Chinese" : "English";
-                         });
+INSTANTIATE_TEST_SUITE_P(, BatchReviewTest, bothLanguages(), languageName);
 
 } // namespace tovarin

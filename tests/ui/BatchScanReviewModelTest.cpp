@@ -5,6 +5,7 @@
 
 #include "model/Store.h"
 #include "tests/support/LanguageScope.h"
+#include "tests/support/LanguageTest.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/Printing.h"
 #include "tests/support/Samples.h"
@@ -22,18 +23,12 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
 
-using Lang = LocalizationManager::Lang;
 using Review = BatchScanReviewModel;
 
 namespace {
 
-class BatchScanReviewModelTest : public testing::TestWithParam<Lang> {
+class BatchScanReviewModelTest : public LanguageTest {
 protected:
-    bool isZh() const { return GetParam() == Lang::zh; }
-    QString pair(const QString &chinese, const QString &english) const {
-        return isZh() ? chinese : english;
-    }
-
     /// A review of drafts with these names.
     Review &open(const QStringList &names) {
         items.clear();
@@ -307,7 +302,7 @@ TEST_P(BatchScanReviewModelTest, FollowsTheLanguage) {
     QSignalSpy texts(&*review, &Review::languageChanged);
     QSignalSpy counted(&*review, &Review::includedChanged);
     QSignalSpy changes(&*review, &Review::dataChanged);
-    const LanguageScope other(isZh() ? Lang::en : Lang::zh);
+    const LanguageScope other(otherLang());
     EXPECT_EQ(texts.size(), 1);
     EXPECT_EQ(counted.size(), 1);
     ASSERT_EQ(changes.size(), 1);
@@ -323,14 +318,11 @@ TEST_P(BatchScanReviewModelTest, FollowsTheLanguage) {
 TEST_P(BatchScanReviewModelTest, FollowsTheLanguageWithoutRows) {
     open({});
     QSignalSpy changes(&*review, &Review::dataChanged);
-    const LanguageScope other(isZh() ? Lang::en : Lang::zh);
+    const LanguageScope other(otherLang());
     EXPECT_EQ(changes.size(), 0);
     EXPECT_EQ(review->emptyText(), pair(u"Nothing recognized"_s, u"没有识别到有效内容"_s));
 }
 
-INSTANTIATE_TEST_SUITE_P(, BatchScanReviewModelTest, testing::Values(Lang::en, Lang::zh),
-                         [](const testing::TestParamInfo<Lang> &language) {
-                             return language.param == Lang::zh ? "Chinese" : "English";
-                         });
+INSTANTIATE_TEST_SUITE_P(, BatchScanReviewModelTest, bothLanguages(), languageName);
 
 } // namespace tovarin

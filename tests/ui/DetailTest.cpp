@@ -5,6 +5,7 @@
 
 #include "platform/UserCalendar.h"
 #include "tests/support/LanguageScope.h"
+#include "tests/support/LanguageTest.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/Printing.h"
 #include "tests/support/Samples.h"
@@ -25,17 +26,10 @@ using namespace std::string_view_literals;
 
 namespace tovarin {
 
-using Lang = LocalizationManager::Lang;
-
 namespace {
 
-class DetailTest : public testing::TestWithParam<Lang> {
+class DetailTest : public LanguageTest {
 protected:
-    bool isZh() const { return GetParam() == Lang::zh; }
-    QString pair(const QString &chinese, const QString &english) const {
-        return isZh() ? chinese : english;
-    }
-
     void open(const Subscription &sub) {
         stage.reset();
         detail.emplace(sub, clock, calendar, LocalizationManager::shared(), logos);
@@ -227,7 +221,7 @@ TEST_P(DetailTest, FollowsTheLanguage) {
     sub.notes = u"n"_s;
     open(sub);
     ASSERT_TRUE(stage->tabTo(u"copy"_s));
-    const LanguageScope other(isZh() ? Lang::en : Lang::zh);
+    const LanguageScope other(otherLang());
     stage->settle();
     EXPECT_EQ(stage->texts().first(), pair(u"[ DETAILS ]"_s, u"[ 详情 ]"_s));
     EXPECT_EQ(stage->texts().last(), pair(u"Delete subscription"_s, u"删除这个订阅"_s));
@@ -423,9 +417,6 @@ TEST_P(DetailTest, TellsAllOfItToAScreenReader) {
     EXPECT_EQ(asked(), (QList<qsizetype>{1, 1, 1, 1}));
 }
 
-INSTANTIATE_TEST_SUITE_P(, DetailTest, testing::Values(Lang::en, Lang::zh),
-                         [](const testing::TestParamInfo<Lang> &language) {
-                             return language.param == Lang::zh ? "Chinese" : "English";
-                         });
+INSTANTIATE_TEST_SUITE_P(, DetailTest, bothLanguages(), languageName);
 
 } // namespace tovarin

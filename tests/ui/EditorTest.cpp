@@ -6,6 +6,7 @@
 #include "model/Store.h"
 #include "platform/UserMonths.h"
 #include "tests/support/LanguageScope.h"
+#include "tests/support/LanguageTest.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/Printing.h"
 #include "tests/support/Samples.h"
@@ -24,21 +25,14 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
 
-using Lang = LocalizationManager::Lang;
-
 namespace {
 
 const QString sheetWithoutForm = u"Sheet { objectName: 'sheet'; label: 'Editor';"
                                  " FocusScope { objectName: 'content'; anchors.fill: parent;"
                                  " focus: true } }"_s;
 
-class EditorTest : public testing::TestWithParam<Lang> {
+class EditorTest : public LanguageTest {
 protected:
-    bool isZh() const { return GetParam() == Lang::zh; }
-    QString pair(const QString &chinese, const QString &english) const {
-        return isZh() ? chinese : english;
-    }
-
     /// Opens the sheet and puts the form on it.
     void open(SubscriptionEditModel::Source source = {}) {
         form.emplace(std::move(source), store, clock, calendar, months,
@@ -302,7 +296,7 @@ TEST_P(EditorTest, KeepsAnUnknownCategoryAndFollowsTheLanguage) {
     open({sub, std::nullopt});
     EXPECT_EQ(item("category").property("displayText"), pair(u"视频"_s, u"Video"_s));
     EXPECT_EQ(item("category").property("currentIndex"), -1);
-    const LanguageScope other(isZh() ? Lang::en : Lang::zh);
+    const LanguageScope other(otherLang());
     stage->settle();
     EXPECT_EQ(item("category").property("displayText"), pair(u"Video"_s, u"视频"_s));
     EXPECT_EQ(item("category").property("currentIndex"), -1);
@@ -542,9 +536,6 @@ TEST_P(EditorTest, TellsItsControlsToAScreenReader) {
     EXPECT_EQ(dismissed->size(), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(, EditorTest, testing::Values(Lang::en, Lang::zh),
-                         [](const testing::TestParamInfo<Lang> &language) {
-                             return language.param == Lang::zh ? "Chinese" : "English";
-                         });
+INSTANTIATE_TEST_SUITE_P(, EditorTest, bothLanguages(), languageName);
 
 } // namespace tovarin

@@ -3,6 +3,7 @@
 
 #include "app/LocalizationManager.h"
 #include "tests/support/LanguageScope.h"
+#include "tests/support/LanguageTest.h"
 #include "tests/support/Printing.h"
 #include "tests/support/ScopedVariable.h"
 #include "tests/ui/Stage.h"
@@ -17,8 +18,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
-
-using Lang = LocalizationManager::Lang;
 
 namespace {
 
@@ -102,12 +101,8 @@ TEST(TextField, IsOutOfReachWhileDisabled) {
     EXPECT_EQ(menuItem(stage, u"Select All"_s), nullptr);
 }
 
-class EditMenu : public testing::TestWithParam<Lang> {
+class EditMenu : public LanguageTest {
 protected:
-    QString pair(const QString &chinese, const QString &english) const {
-        return GetParam() == Lang::zh ? chinese : english;
-    }
-
     LanguageScope language{GetParam()};
 };
 
@@ -179,10 +174,7 @@ TEST_P(EditMenu, BelongsToTextAreasToo) {
     EXPECT_EQ(stage.window().activeFocusItem()->property("selectedText"), u"note"_s);
 }
 
-INSTANTIATE_TEST_SUITE_P(, EditMenu, testing::Values(Lang::en, Lang::zh),
-                         [](const testing::TestParamInfo<Lang> &language) {
-                             return language.param == Lang::zh ? "Chinese" : "English";
-                         });
+INSTANTIATE_TEST_SUITE_P(, EditMenu, bothLanguages(), languageName);
 
 TEST(TextArea, TakesSeveralLinesAndLetsTabThrough) {
     Stage stage(field + area);

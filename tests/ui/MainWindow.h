@@ -7,6 +7,7 @@
 #include "platform/UserMonths.h"
 #include "tests/scan/job/ScanRun.h"
 #include "tests/support/LanguageScope.h"
+#include "tests/support/LanguageTest.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/ManualDelay.h"
 #include "tests/support/MemoryDefaults.h"
@@ -30,7 +31,7 @@ namespace tovarin {
 
 /// The main window as the program loads it, with all that it needs, in both languages. Any message
 /// of Qt's of level warning or worse fails the test.
-class MainWindow : public testing::TestWithParam<LocalizationManager::Lang> {
+class MainWindow : public LanguageTest {
 protected:
     MainWindow();
     ~MainWindow() override;
@@ -73,11 +74,6 @@ protected:
 
     QStringList texts() const;
 
-    bool isZh() const { return GetParam() == LocalizationManager::Lang::zh; }
-    QString pair(const QString &chinese, const QString &english) const {
-        return isZh() ? chinese : english;
-    }
-
     QTemporaryDir folder;
     LanguageScope language{GetParam()};
     ManualClock clock{instant("2025-06-10T01:00:00Z")};
@@ -93,17 +89,9 @@ protected:
     ScriptedPanel panel{{}};
     std::optional<BillScanModel> bills;
     std::optional<ContentSheets> sheets;
-    MainMenu menu{GetParam() == LocalizationManager::Lang::zh};
+    MainMenu menu{isZh()};
     QQmlApplicationEngine engine;
     QQuickWindow *window = nullptr;
 };
-
-/// Both languages, by their names.
-inline auto bothLanguages() {
-    return testing::Values(LocalizationManager::Lang::en, LocalizationManager::Lang::zh);
-}
-inline std::string languageName(const testing::TestParamInfo<LocalizationManager::Lang> &info) {
-    return info.param == LocalizationManager::Lang::zh ? "Chinese" : "English";
-}
 
 } // namespace tovarin

@@ -6,6 +6,7 @@
 #include "app/LocalizationManager.h"
 #include "model/Store.h"
 #include "tests/support/LanguageScope.h"
+#include "tests/support/LanguageTest.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/Printing.h"
 #include "tests/support/Samples.h"
@@ -19,8 +20,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
 
-using Lang = LocalizationManager::Lang;
-
 void PrintTo(const MenuBarModel::Row &row, std::ostream *out) {
     *out << row.name.toStdString() << " | " << row.daysText.toStdString() << " | "
          << row.amountText.toStdString();
@@ -30,12 +29,8 @@ namespace {
 
 using Rows = QList<MenuBarModel::Row>;
 
-class MenuBarModelTest : public testing::TestWithParam<Lang> {
+class MenuBarModelTest : public LanguageTest {
 protected:
-    QString pair(const QString &chinese, const QString &english) const {
-        return GetParam() == Lang::zh ? chinese : english;
-    }
-
     /// A monthly entry that is charged in so many days.
     void addDueIn(int days, const QString &name) {
         Subscription sub = sampleSubscription(name);
@@ -102,14 +97,11 @@ TEST_P(MenuBarModelTest, FollowsTheListAndTheLanguage) {
     addDueIn(2, u"two"_s);
     EXPECT_EQ(changed.size(), 1);
     EXPECT_EQ(panel.charges().size(), 1);
-    const LanguageScope other(GetParam() == Lang::zh ? Lang::en : Lang::zh);
+    const LanguageScope other(otherLang());
     EXPECT_EQ(changed.size(), 2);
     EXPECT_EQ(panel.charges().first().daysText, pair(u"2d"_s, u"2天后"_s));
 }
 
-INSTANTIATE_TEST_SUITE_P(, MenuBarModelTest, testing::Values(Lang::en, Lang::zh),
-                         [](const testing::TestParamInfo<Lang> &language) {
-                             return language.param == Lang::zh ? "Chinese" : "English";
-                         });
+INSTANTIATE_TEST_SUITE_P(, MenuBarModelTest, bothLanguages(), languageName);
 
 } // namespace tovarin

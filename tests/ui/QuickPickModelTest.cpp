@@ -7,6 +7,7 @@
 #include "model/Store.h"
 #include "platform/UserCalendar.h"
 #include "tests/support/LanguageScope.h"
+#include "tests/support/LanguageTest.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/MemoryDefaults.h"
 #include "tests/support/Printing.h"
@@ -28,8 +29,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
-
-using Lang = LocalizationManager::Lang;
 
 namespace {
 
@@ -70,13 +69,8 @@ private:
     int m_watch;
 };
 
-class QuickPickModelTest : public testing::TestWithParam<Lang> {
+class QuickPickModelTest : public LanguageTest {
 protected:
-    bool isZh() const { return GetParam() == Lang::zh; }
-    QString pair(const QString &chinese, const QString &english) const {
-        return isZh() ? chinese : english;
-    }
-
     void addToStore(const QString &name) { store.add(sampleSubscription(name)); }
 
     /// Where the service stands in the list that is shown.
@@ -371,7 +365,7 @@ TEST_P(QuickPickModelTest, FollowsTheLanguage) {
     QSignalSpy texts(&pick, &QuickPickModel::languageChanged);
     QSignalSpy resets(pick.cells(), &QuickPickCells::modelReset);
     QSignalSpy cycles(pick.rows(), &QuickPickRows::dataChanged);
-    const LanguageScope other(isZh() ? Lang::en : Lang::zh);
+    const LanguageScope other(otherLang());
     EXPECT_EQ(texts.size(), 1);
     EXPECT_EQ(resets.size(), 0);
     EXPECT_EQ(pick.regionNames(), isZh() ? (QStringList{u"China"_s, u"Global"_s})
@@ -653,9 +647,6 @@ TEST_P(QuickPickModelTest, ChoosesWhatCanBeAdded) {
     EXPECT_EQ(QuickPickModel::addable({}, stored), QList<Subscription>());
 }
 
-INSTANTIATE_TEST_SUITE_P(, QuickPickModelTest, testing::Values(Lang::en, Lang::zh),
-                         [](const testing::TestParamInfo<Lang> &language) {
-                             return language.param == Lang::zh ? "Chinese" : "English";
-                         });
+INSTANTIATE_TEST_SUITE_P(, QuickPickModelTest, bothLanguages(), languageName);
 
 } // namespace tovarin

@@ -6,6 +6,7 @@
 #include "catalog/ServiceCatalog.h"
 #include "model/Store.h"
 #include "tests/support/LanguageScope.h"
+#include "tests/support/LanguageTest.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/MemoryDefaults.h"
 #include "tests/support/Printing.h"
@@ -24,8 +25,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
 
-using Lang = LocalizationManager::Lang;
-
 namespace {
 
 const ServicePreset &preset(const QString &id) {
@@ -35,13 +34,8 @@ const ServicePreset &preset(const QString &id) {
     return *found;
 }
 
-class QuickPickTest : public testing::TestWithParam<Lang> {
+class QuickPickTest : public LanguageTest {
 protected:
-    bool isZh() const { return GetParam() == Lang::zh; }
-    QString pair(const QString &chinese, const QString &english) const {
-        return isZh() ? chinese : english;
-    }
-
     void open(QSize size = {640, 720}) {
         stage.reset();
         dismissed.reset();
@@ -319,7 +313,7 @@ TEST_P(QuickPickTest, KeepsTheTierInTheOtherLanguage) {
     QQuickItem &tiers = piece("notion-cn", "tiers");
     EXPECT_EQ(tiers.property("displayText"), pair(u"其他 · 自定"_s, u"Other · custom"_s));
     EXPECT_TRUE(stage->texts().contains(pair(u"金额自定"_s, u"Custom price"_s)));
-    const LanguageScope other(isZh() ? Lang::en : Lang::zh);
+    const LanguageScope other(otherLang());
     stage->settle();
     EXPECT_EQ(tiers.property("displayText"), pair(u"Other · custom"_s, u"其他 · 自定"_s));
     EXPECT_EQ(tiers.property("currentIndex"), 2);
@@ -515,7 +509,7 @@ TEST_P(QuickPickTest, ShowsTheReview) {
                                  u"Netflix"_s, u"15.49"_s, u"Monthly"_s, u"Skip"_s, u"Add 3"_s}));
     EXPECT_EQ(stage->screen().property("label"), pair(u"确认并调整"_s, u"REVIEW"_s));
     EXPECT_EQ(item("add").opacity(), 1);
-    const LanguageScope other(isZh() ? Lang::en : Lang::zh);
+    const LanguageScope other(otherLang());
     stage->settle();
     EXPECT_TRUE(stage->texts().contains(pair(u"Add 3"_s, u"添加 3 项"_s)));
     EXPECT_TRUE(stage->texts().contains(pair(u"Yearly"_s, u"每年"_s)));
@@ -829,9 +823,6 @@ TEST_P(QuickPickTest, TellsTheReviewToAScreenReader) {
                                     u"Button Skip [press]"_s, u"Button Add 2 [press]"_s}));
 }
 
-INSTANTIATE_TEST_SUITE_P(, QuickPickTest, testing::Values(Lang::en, Lang::zh),
-                         [](const testing::TestParamInfo<Lang> &language) {
-                             return language.param == Lang::zh ? "Chinese" : "English";
-                         });
+INSTANTIATE_TEST_SUITE_P(, QuickPickTest, bothLanguages(), languageName);
 
 } // namespace tovarin

@@ -4,6 +4,7 @@
 // The settings' sheet, handled as a user does.
 
 #include "tests/support/LanguageScope.h"
+#include "tests/support/LanguageTest.h"
 #include "tests/support/ManualDelay.h"
 #include "tests/support/MemoryDefaults.h"
 #include "tests/support/Printing.h"
@@ -20,14 +21,10 @@ using namespace std::chrono_literals;
 
 namespace tovarin {
 
-using Lang = LocalizationManager::Lang;
-
 namespace {
 
-class SettingsTest : public testing::TestWithParam<Lang> {
+class SettingsTest : public LanguageTest {
 protected:
-    bool isZh() const { return GetParam() == Lang::zh; }
-
     /// The segment with this text in one of the choices.
     QQuickItem &segment(const QString &text) {
         QQuickItem *const found = stage.itemWith("modelData", text);
@@ -102,7 +99,7 @@ TEST_P(SettingsTest, FitTheirSheet) {
 
 TEST_P(SettingsTest, ChangeTheLanguageAtOnce) {
     stage.click(segment(isZh() ? u"English"_s : u"中文"_s));
-    EXPECT_EQ(LocalizationManager::shared().lang(), isZh() ? Lang::en : Lang::zh);
+    EXPECT_EQ(LocalizationManager::shared().lang(), otherLang());
     EXPECT_EQ(stage.texts().first(), isZh() ? u"[ SETTINGS ]"_s : u"[ 设置 ]"_s);
     EXPECT_TRUE(stage.texts().contains(isZh() ? u"Same day"_s : u"当天"_s));
 }
@@ -197,9 +194,6 @@ TEST_P(SettingsTest, TellTheirControlsToAScreenReader) {
     EXPECT_EQ(model.remindDaysBefore(), 7);
 }
 
-INSTANTIATE_TEST_SUITE_P(, SettingsTest, testing::Values(Lang::en, Lang::zh),
-                         [](const testing::TestParamInfo<Lang> &language) {
-                             return language.param == Lang::zh ? "Chinese" : "English";
-                         });
+INSTANTIATE_TEST_SUITE_P(, SettingsTest, bothLanguages(), languageName);
 
 } // namespace tovarin

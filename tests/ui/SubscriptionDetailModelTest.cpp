@@ -5,6 +5,7 @@
 
 #include "platform/UserCalendar.h"
 #include "tests/support/LanguageScope.h"
+#include "tests/support/LanguageTest.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/Printing.h"
 #include "tests/support/Samples.h"
@@ -22,8 +23,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
-
-using Lang = LocalizationManager::Lang;
 
 namespace {
 
@@ -148,13 +147,8 @@ QList<Case> cases() {
     };
 }
 
-class SubscriptionDetailModelTest : public testing::TestWithParam<Lang> {
+class SubscriptionDetailModelTest : public LanguageTest {
 protected:
-    bool isZh() const { return GetParam() == Lang::zh; }
-    QString pair(const QString &chinese, const QString &english) const {
-        return isZh() ? chinese : english;
-    }
-
     SubscriptionDetailModel &show(const Subscription &sub) {
         return detail.emplace(sub, clock, calendar, LocalizationManager::shared(), logos);
     }
@@ -311,7 +305,7 @@ TEST_P(SubscriptionDetailModelTest, FollowsTheLanguage) {
     const Case recurring = cases().first();
     show(with(recurring.change));
     QSignalSpy changes(&*detail, &SubscriptionDetailModel::changed);
-    const LanguageScope other(isZh() ? Lang::en : Lang::zh);
+    const LanguageScope other(otherLang());
     EXPECT_EQ(changes.size(), 1);
     EXPECT_EQ(textsOf(*detail), isZh() ? recurring.english : recurring.chinese);
     EXPECT_EQ(copied(*detail), pair(u"Music Plus ¥30 Monthly"_s, u"Music Plus ¥30 每月"_s));
@@ -369,9 +363,6 @@ TEST_P(SubscriptionDetailModelTest, MovesOnWithTheDay) {
     EXPECT_EQ(detail->dateText(), pair(u"下次扣费 2025/07/09"_s, u"Next charge 2025/07/09"_s));
 }
 
-INSTANTIATE_TEST_SUITE_P(, SubscriptionDetailModelTest, testing::Values(Lang::en, Lang::zh),
-                         [](const testing::TestParamInfo<Lang> &language) {
-                             return language.param == Lang::zh ? "Chinese" : "English";
-                         });
+INSTANTIATE_TEST_SUITE_P(, SubscriptionDetailModelTest, bothLanguages(), languageName);
 
 } // namespace tovarin

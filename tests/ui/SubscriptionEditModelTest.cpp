@@ -6,6 +6,7 @@
 #include "model/Store.h"
 #include "platform/UserMonths.h"
 #include "tests/support/LanguageScope.h"
+#include "tests/support/LanguageTest.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/Printing.h"
 #include "tests/support/Samples.h"
@@ -19,17 +20,10 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
 
-using Lang = LocalizationManager::Lang;
-
 namespace {
 
-class SubscriptionEditModelTest : public testing::TestWithParam<Lang> {
+class SubscriptionEditModelTest : public LanguageTest {
 protected:
-    bool isZh() const { return GetParam() == Lang::zh; }
-    QString pair(const QString &chinese, const QString &english) const {
-        return isZh() ? chinese : english;
-    }
-
     /// A form that has appeared.
     SubscriptionEditModel &opened(SubscriptionEditModel::Source source = {}) {
         make(std::move(source));
@@ -342,7 +336,7 @@ TEST_P(SubscriptionEditModelTest, FollowsTheLanguage) {
     opened({unlikeTheDefaults(), std::nullopt});
     QSignalSpy texts(&*form, &SubscriptionEditModel::languageChanged);
     QSignalSpy category(&*form, &SubscriptionEditModel::categoryNameChanged);
-    const LanguageScope other(isZh() ? Lang::en : Lang::zh);
+    const LanguageScope other(otherLang());
     EXPECT_EQ(texts.size(), 1);
     EXPECT_EQ(category.size(), 1);
     EXPECT_EQ(form->titleText(), pair(u"Edit subscription"_s, u"编辑订阅"_s));
@@ -371,9 +365,6 @@ TEST_P(SubscriptionEditModelTest, ShowsTheDayOfTheUsersZone) {
     EXPECT_EQ(form->startDate(), sub.startDate);
 }
 
-INSTANTIATE_TEST_SUITE_P(, SubscriptionEditModelTest, testing::Values(Lang::en, Lang::zh),
-                         [](const testing::TestParamInfo<Lang> &language) {
-                             return language.param == Lang::zh ? "Chinese" : "English";
-                         });
+INSTANTIATE_TEST_SUITE_P(, SubscriptionEditModelTest, bothLanguages(), languageName);
 
 } // namespace tovarin
