@@ -9,8 +9,11 @@
 
 namespace tovarin {
 
+/// The values of variables by their names.
+using VariableTable = QMap<QByteArray, QByteArray>;
+
 /// An environment of just these variables.
-inline Environment variables(const QMap<QByteArray, QByteArray> &table) {
+inline Environment variables(const VariableTable &table) {
     return [table](const char *name) { return table.value(name); };
 }
 
