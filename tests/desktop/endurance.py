@@ -21,8 +21,9 @@ from main_window import LOCALES
 from processes import descriptors, memory, running
 from reminders import Notifier
 from session import Session, wait_for
-from sheets import PICK, Sheet
+from sheets import Sheet
 from user_at_random import User
+from words import PICK
 
 # The first part of the time is one life, so that what grows has the time for it. On a machine that
 # is so busy that the time is soon over, so much is done all the same.

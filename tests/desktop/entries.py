@@ -1,45 +1,16 @@
 # SPDX-FileCopyrightText: The Tovarin developers
 # SPDX-License-Identifier: MIT
-"""What the tests of entries share: the words on their sheets, and how to use them."""
+"""What the tests of entries share: their file, their sheets, and how to use them."""
+import datetime
 import json
 import os
 import re
-import sys
-import unittest
+import zoneinfo
 
-from main_window import (LOCALES, TITLES, MainWindow, Panel, data_file, install_records, record,
-                         settled)
+from main_window import BILLS, LOCALES, data_file, install_records, record, settled
+from program_test import ProgramTest
 from session import Session, wait_for
-
-ADD = {"en": "Add", "zh": "添加订阅"}
-EDITORS = {
-    "add": {"en": "Add subscription", "zh": "添加订阅"},
-    "edit": {"en": "Edit subscription", "zh": "编辑订阅"},
-    "scan": {"en": "Confirm scan", "zh": "确认识别结果"},
-}
-DETAILS = {"en": "Details", "zh": "详情"}
-NAME = {"en": "Name", "zh": "名称"}
-AMOUNT = {"en": "Amount", "zh": "金额"}
-CURRENCY = {"en": "Currency", "zh": "币种"}
-CATEGORY = {"en": "Category", "zh": "分类"}
-RECURRING = {"en": "Subscription", "zh": "订阅续费"}
-ONE_TIME = {"en": "One-time", "zh": "单次买断"}
-CYCLE = {"en": "Cycle", "zh": "周期"}
-FIRST_CHARGE = {"en": "First charge", "zh": "首次扣费"}
-PURCHASE = {"en": "Purchase date", "zh": "购买日"}
-PREVIOUS = {"en": "Previous month", "zh": "上个月"}
-NEXT = {"en": "Next month", "zh": "下个月"}
-ACTIVE = {"en": "Still active", "zh": "仍在使用"}
-NOTES = {"en": "Notes", "zh": "备注"}
-DELETE = {"en": "Delete", "zh": "删除"}
-CANCEL = {"en": "Cancel", "zh": "取消"}
-SAVE = {"en": "Save", "zh": "保存"}
-CLOSE = {"en": "Close", "zh": "关闭"}
-EDIT = {"en": "Edit", "zh": "编辑"}
-PAUSE = {"en": "Pause", "zh": "停用"}
-RESUME = {"en": "Resume", "zh": "启用"}
-COPY = {"en": "Copy", "zh": "复制"}
-DELETE_THIS = {"en": "Delete subscription", "zh": "删除这个订阅"}
+from words import ADD, CLOSE, DETAILS, EDIT, EDITORS, NAME, SCANNED_TEXT
 
 OTHER = record(1, "Other", "2025-01-20", 100)
 # What came from elsewhere, and must stay: a service, an older category, foreign line breaks.
@@ -100,22 +71,19 @@ def new_id(content):
     return entry["id"]
 
 
-class Entries(unittest.TestCase):
-    maxDiff = None
-    program = pictures = None
+def draft(sample, language):
+    """What the file has of the sample in the end, if nobody changes it, but for the id."""
+    with open(os.path.join(BILLS, sample + ".golden.json"), encoding="utf-8") as golden:
+        read = json.load(golden)["draft"]
+    day = datetime.datetime.fromisoformat(read["startDate"])
+    start = day.replace(tzinfo=zoneinfo.ZoneInfo("Asia/Shanghai")).astimezone(datetime.timezone.utc)
+    read["startDate"] = start.strftime("%Y-%m-%dT%H:%M:%SZ")
+    read["notes"] = SCANNED_TEXT[language] + "\n" + read["notes"][1]
+    del read["serviceID"]
+    return read
 
-    def start(self, desktop, language, *arguments):
-        app = desktop.start([self.program, *arguments])
-        window = MainWindow(app, language)
-        app.wait_window(TITLES[language])
-        return app, window
 
-    def end(self, desktop, app, language):
-        app.wait_window(TITLES[language])
-        desktop.key("ctrl+q")
-        self.assertEqual(app.wait(), 0)
-        self.assertEqual(app.log(), "")
-
+class Entries(ProgramTest):
     def expect_stored(self, desktop, *entries):
         wait_for(lambda: f"{file_bytes(*entries)!r}; had {stored(desktop)!r}",
                  lambda: stored(desktop) == file_bytes(*entries))
@@ -156,12 +124,6 @@ class Entries(unittest.TestCase):
     def wait_closed(self, app):
         app.gone("dialog")
 
-    def open_panel(self, desktop, app):
-        desktop.tray.wait().click()
-        panel = Panel(app)
-        panel.wait_for_keyboard()
-        return panel
-
     def expect_panel(self, desktop, app, texts, rows):
         panel = self.open_panel(desktop, app)
         self.assertEqual((panel.texts(), panel.rows()), (texts, rows))
@@ -183,12 +145,3 @@ class Entries(unittest.TestCase):
         self.type_lines(field.s, text)
         wait_for(lambda: f"{text!r} in {field!r}",
                  lambda: field.text == text.replace("\n", "\u2029"))
-
-
-def main(description):
-    """Runs the tests of the program that the command line names."""
-    if len(sys.argv) < 3:
-        sys.exit(description)
-    Entries.program, Entries.pictures = map(os.path.abspath, sys.argv[1:3])
-    os.makedirs(Entries.pictures, exist_ok=True)
-    unittest.main(argv=[sys.argv[0], *sys.argv[3:]], verbosity=2)

@@ -7,11 +7,10 @@ import os
 import shutil
 from unittest import mock
 
-from entries import NETFLIX, OTHER, Entries, stored
-from main_window import install_records, settled
+from entries import NETFLIX, OTHER, Entries, draft, stored
+from main_window import BILLS, install_records, settled
 from session import Element, Session, Tray
 from sheets import session
-from test_review import BILLS, draft
 
 # Both are read from their text, which takes no time, and name a day.
 SAMPLES = ("pdf/text-layer-chinese.pdf", "pdf/text-layer-phone.pdf")

@@ -12,8 +12,9 @@ LIST_NAMES = {"en": "All subscriptions", "zh": "全部订阅"}
 UPCOMING_NAMES = {"en": "Upcoming charges", "zh": "即将扣费"}
 LOCALES = {"en": "en_US.UTF-8", "zh": "zh_CN.UTF-8"}
 
-SAMPLE = os.path.join(os.path.dirname(os.path.abspath(__file__)),
-                      "../data/sample-subscriptions.json")
+DATA = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../data")
+SAMPLE = os.path.join(DATA, "sample-subscriptions.json")
+BILLS = os.path.join(DATA, "bills")
 
 
 def data_file(session):

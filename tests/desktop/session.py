@@ -935,17 +935,17 @@ class Session:
                 f.write(f"<busconfig><type>session</type><listen>{addr}</listen>{services}<policy context='default'><allow send_destination='*' eavesdrop='true'/>"
                         "<allow eavesdrop='true'/><allow own='*'/></policy></busconfig>")
             self.spawn("dbus-" + name, ["dbus-daemon", "--nofork", f"--config-file={r}/{name}.conf"])
-            wait_for(f"the {name} bus", lambda: os.path.exists(addr[len("unix:path="):]))
+            wait_for(f"the {name} bus", lambda: os.path.exists(addr[len("unix:path="):]), every=0.01)
         self.env.update(DBUS_SESSION_BUS_ADDRESS=self.bus_address, DBUS_SYSTEM_BUS_ADDRESS=self.system_address)
         self.bus = wait_for("the session bus", lambda: Bus(self.bus_address))
         self.logind = wait_for("the system bus", lambda: Logind(self.system_address))
         # accessibility bus; --a11y=1 sets org.a11y.Status.IsEnabled, the switch that toolkits look at
         if o["a11y"]:
             self.spawn("at-spi", ["/usr/libexec/at-spi-bus-launcher", "--launch-immediately", "--a11y=1"])
-            addr = wait_for("the accessibility bus", lambda: self.bus.call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress"))
+            addr = wait_for("the accessibility bus", lambda: self.bus.call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress"), every=0.01)
             self.a11y = wait_for("the accessibility bus", lambda: Bus(addr))
             self.spawn("at-spi-registry", ["/usr/libexec/at-spi2-registryd"], {"AT_SPI_BUS_ADDRESS": addr, "DBUS_SESSION_BUS_ADDRESS": self.bus_address})
-            wait_for("the accessibility registry", lambda: self.a11y.has_owner("org.a11y.atspi.Registry"))
+            wait_for("the accessibility registry", lambda: self.a11y.has_owner("org.a11y.atspi.Registry"), every=0.01)
         if o["wm"]:
             self.spawn("openbox", ["openbox", "--sm-disable"])
             wait_for("the window manager", lambda: b"window id" in subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], env=self.env, capture_output=True).stdout)

@@ -1,29 +1,15 @@
 # SPDX-FileCopyrightText: The Tovarin developers
 # SPDX-License-Identifier: MIT
 """The sheets of the main window, used as a person uses them."""
-import time
-import unittest
-
-from main_window import LOCALES, TITLES, MainWindow, Panel, settled
+from main_window import LOCALES, settled
+from program_test import ProgramTest
 from session import Session, wait_for
-
-PICK = {"en": "QUICK ADD", "zh": "快速添加常见服务"}
-CONFIRM = {"en": "REVIEW", "zh": "确认并调整"}
-REVIEW = {"en": "Batch scan", "zh": "批量识别结果"}
-SETTINGS = {"en": "Settings", "zh": "设置"}
-
-SETTINGS_BUTTON = {"en": "Settings", "zh": "设置"}
-QUICK_PICK_BUTTON = {"en": "Quick pick", "zh": "快选"}
-OPEN = {"en": "Open Tovarin", "zh": "打开 Tovarin"}
 
 # What can be used, and how.
 ACTIONS = {"push button": {"Press"}, "check box": {"Press", "Toggle"},
            "radio button": {"Press", "Toggle"}, "combo box": {"Press"}, "text": {"SetFocus"}}
 # What is only read, or holds others. A scroll bar has no name of its own anywhere.
 SILENT_ROLES = {"label", "panel", "list", "list item", "scroll bar"}
-
-# The program itself needs far less; the machine may be busy.
-MOST_SECONDS_TO_QUIT = 5
 
 
 def session(language, prepare=settled(), **options):
@@ -81,31 +67,7 @@ class Sheet:
         self.app.gone("dialog", self.name)
 
 
-class SheetTest(unittest.TestCase):
-    maxDiff = None
-    program = None
-
-    def start(self, desktop, language):
-        app = desktop.start([self.program])
-        window = MainWindow(app, language)
-        app.wait_window(TITLES[language])
-        return app, window
-
-    def end(self, desktop, app):
-        """Quits by the key; the program ends well, soon, and has said nothing."""
-        since = time.monotonic()
-        desktop.key("ctrl+q")
-        self.assertEqual(app.wait(), 0)
-        seconds = time.monotonic() - since
-        self.assertEqual(app.log(), "")
-        self.assertLess(seconds, MOST_SECONDS_TO_QUIT)
-
-    def open_panel(self, desktop, app):
-        desktop.tray.wait().click()
-        panel = Panel(app)
-        panel.wait_for_keyboard()
-        return panel
-
+class SheetTest(ProgramTest):
     def wait_focus(self, app, role, name):
         """Waits for the keyboard to be there."""
         def here():

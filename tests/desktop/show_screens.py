@@ -11,6 +11,7 @@ import sys
 
 from main_window import LOCALES, SAMPLE, MainWindow, install, picture, settled
 from session import Session
+from words import CLOSE
 
 LANGUAGES = {"en": "English", "zh": "Chinese"}
 
@@ -20,7 +21,6 @@ SHEETS = {
            ("settings", "Settings", "Close")],
     "zh": [("editor", "添加订阅", "取消"), ("quick-pick", "快选", "跳过"), ("settings", "设置", "关闭")],
 }
-DETAIL_CLOSE = {"en": "Close", "zh": "关闭"}
 
 
 def print_list(window):
@@ -52,7 +52,7 @@ def leave_pictures_of_sheets(desktop, app, window, pictures, language):
     window.frame.find("list item", "Quillbird Pro").do("Press")
     app.find("dialog")
     leave_picture(desktop, pictures, f"detail-{language}")
-    app.find("push button", DETAIL_CLOSE[language]).do()
+    app.find("push button", CLOSE[language]).do()
 
 
 def show(program, pictures, folder, language, name, source):

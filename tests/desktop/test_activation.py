@@ -11,6 +11,7 @@ import unittest
 
 from main_window import LOCALES, TITLES, MainWindow, settled
 from session import App, Ended, Session, wait_for
+from words import CANCEL, CONFIRM_SCAN
 
 PROGRAM = None
 HERE = os.path.dirname(os.path.abspath(__file__))
@@ -18,8 +19,6 @@ SERVICE = os.path.join(HERE, "../../packaging/app.tovarin.Tovarin.service.in")
 BILL = os.path.join(HERE, "../data/bills/clean/message-1x.png")
 
 ID = "app.tovarin.Tovarin"
-CONFIRM = {"en": "[ Confirm scan ]", "zh": "[ 确认识别结果 ]"}
-CANCEL = {"en": "Cancel", "zh": "取消"}
 
 
 def install_service(desktop):
@@ -81,11 +80,11 @@ class Activation(unittest.TestCase):
                 path = os.path.join(desktop.home, "bill.png")
                 shutil.copyfile(BILL, path)
                 app = self.call(desktop, "Open", "(asa{sv})", [f"file://{path}"], {})
-                app.find("label", CONFIRM[language], timeout=60)
+                app.find("label", CONFIRM_SCAN[language], timeout=60)
                 name = app.find("text", where=lambda element: element.has("focused"))
                 self.assertEqual(name.text, "YouTube Premium")
                 app.find("push button", CANCEL[language]).click()
-                app.gone("label", CONFIRM[language])
+                app.gone("label", CONFIRM_SCAN[language])
                 self.end(desktop, app, language)
 
 

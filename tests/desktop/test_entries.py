@@ -8,12 +8,13 @@ import json
 import os
 import re
 
-from entries import (ACTIVE, ADD, AMOUNT, CANCEL, CATEGORY, CLOSE, COPY, CURRENCY, CYCLE, DELETE,
-                     DELETE_THIS, FIRST_CHARGE, NAME, NETFLIX, NEXT, NOTES, ONE_TIME, OTHER, PAUSE,
-                     PREVIOUS, PURCHASE, RECURRING, RESUME, SAVE, Entries, identity, main, new_id,
-                     session, stored)
+from entries import NETFLIX, OTHER, Entries, identity, new_id, session, stored
 from main_window import LOCALES, data_file, record
+from program_test import main
 from session import wait_for
+from words import (ACTIVE, ADD, AMOUNT, CANCEL, CATEGORY, CLOSE, COPY, CURRENCY, CYCLE, DELETE,
+                   DELETE_THIS, FIRST_CHARGE, NAME, NEXT, NOTES, ONE_TIME, PAUSE, PREVIOUS,
+                   PURCHASE, RECURRING, RESUME, SAVE)
 
 # Keeps what is on the clipboard when a program ends that asks for it.
 CLIPBOARD_MANAGER = """

@@ -9,12 +9,13 @@ import os
 import re
 import shutil
 
-from entries import (ACTIVE, ADD, AMOUNT, CANCEL, CATEGORY, CLOSE, COPY, CURRENCY, CYCLE, DELETE,
-                     DELETE_THIS, DETAILS, EDIT, EDITORS, FIRST_CHARGE, NAME, NETFLIX, NEXT, NOTES,
-                     ONE_TIME, OTHER, PAUSE, PREVIOUS, PURCHASE, RECURRING, SAVE, Entries,
-                     identity, main, new_id, session, stored)
+from entries import NETFLIX, OTHER, Entries, identity, new_id, session, stored
 from main_window import LOCALES, TITLES, configure, data_file, install_records, picture, record
+from program_test import main
 from session import wait_for
+from words import (ACTIVE, ADD, AMOUNT, CANCEL, CATEGORY, CLOSE, COPY, CURRENCY, CYCLE, DELETE,
+                   DELETE_THIS, DETAILS, EDIT, EDITORS, FIRST_CHARGE, NAME, NEXT, NOTES, ONE_TIME,
+                   PAUSE, PREVIOUS, PURCHASE, RECURRING, SAVE)
 
 BILLS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../data/bills")
 

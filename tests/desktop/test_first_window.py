@@ -5,14 +5,11 @@
 at its main window as a screen reader does. Leaves a picture of each window in the folder PICTURES.
 """
 import os
-import sys
-import unittest
 
-from main_window import (LOCALES, SAMPLE, TITLES, MainWindow, data_file, install, install_bytes,
-                         picture, settled)
+from main_window import LOCALES, SAMPLE, MainWindow, data_file, install, install_bytes, settled
+from program_test import ProgramTest, main
 from session import Session
-
-PROGRAM = PICTURES = None
+from words import EMPTY_HEAD
 
 HEADS = {
     "en": ["[ MONTHLY SPEND ]", "$54.36", "LOCAL DATA · CNY", "Yearly", "$652.31", "Active", "6",
@@ -46,13 +43,6 @@ ROWS = {
         ["Tramline Arcade", "已停用", "游戏 · 每季", "-HK$68"],
     ],
 }
-EMPTY_HEADS = {
-    "en": ["[ MONTHLY SPEND ]", "$0", "LOCAL DATA · CNY", "Yearly", "$0", "Active", "0",
-           "Due in 7d", "0", "No subscriptions yet",
-           "Start with quick pick, or batch-scan billing screenshots"],
-    "zh": ["[ 每月订阅支出 ]", "¥0", "本地数据 · CNY", "每年支出", "¥0", "进行中", "0",
-           "近 7 天待扣", "0", "还没有任何订阅记录", "从常见服务快选开始，或批量扫描账单截图"],
-}
 
 
 def session(language, prepare=None):
@@ -61,24 +51,15 @@ def session(language, prepare=None):
                    tray="none", notifications="none", prepare=settled(prepare))
 
 
-class FirstWindow(unittest.TestCase):
-    maxDiff = None
-
-    def end(self, desktop, app, language):
-        """Quits as a user does; the program has then ended well and said nothing."""
-        app.wait_window(TITLES[language])
-        desktop.key("ctrl+q")
-        self.assertEqual(app.wait(), 0)
-        self.assertEqual(app.log(), "")
-
+class FirstWindow(ProgramTest):
     def test_shows_the_list(self):
         for language in LOCALES:
             with self.subTest(language), session(language, lambda s: install(s, SAMPLE)) as desktop:
-                app = desktop.start([PROGRAM])
+                app = desktop.start([self.program])
                 window = MainWindow(app, language)
                 self.assertEqual(window.head(), HEADS[language])
                 self.assertEqual(window.upcoming(), UPCOMING[language])
-                picture(desktop, os.path.join(PICTURES, "first-window-" + language + ".png"))
+                self.picture(desktop, "first-window-" + language + ".png")
                 self.assertEqual(window.rows(), ROWS[language])
                 self.end(desktop, app, language)
                 with open(SAMPLE, "rb") as sample, open(data_file(desktop), "rb") as now:
@@ -88,12 +69,12 @@ class FirstWindow(unittest.TestCase):
         with session("zh") as desktop:
             folder = os.path.dirname(data_file(desktop))
             self.assertFalse(os.path.exists(folder))
-            app = desktop.start([PROGRAM])
+            app = desktop.start([self.program])
             window = MainWindow(app, "zh")
-            self.assertEqual(window.head(), EMPTY_HEADS["zh"])
+            self.assertEqual(window.head(), EMPTY_HEAD["zh"])
             self.assertIsNone(window.upcoming())
             self.assertEqual(window.rows(), [])
-            picture(desktop, os.path.join(PICTURES, "first-window-empty-zh.png"))
+            self.picture(desktop, "first-window-empty-zh.png")
             self.end(desktop, app, "zh")
             self.assertEqual(os.listdir(folder), [])
 
@@ -101,12 +82,12 @@ class FirstWindow(unittest.TestCase):
         with open(SAMPLE, "rb") as sample:
             broken = sample.read().replace(b'"weekly"', b'"fortnightly"')
         with session("en", lambda s: install_bytes(s, broken)) as desktop:
-            app = desktop.start([PROGRAM])
+            app = desktop.start([self.program])
             window = MainWindow(app, "en")
-            self.assertEqual(window.head(), EMPTY_HEADS["en"])
+            self.assertEqual(window.head(), EMPTY_HEAD["en"])
             self.assertIsNone(window.upcoming())
             self.assertEqual(window.rows(), [])
-            picture(desktop, os.path.join(PICTURES, "first-window-empty-en.png"))
+            self.picture(desktop, "first-window-empty-en.png")
             self.end(desktop, app, "en")
             with open(data_file(desktop), "rb") as now:
                 self.assertEqual(now.read(), broken)
@@ -115,8 +96,4 @@ class FirstWindow(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) < 3:
-        sys.exit(__doc__)
-    PROGRAM, PICTURES = map(os.path.abspath, sys.argv[1:3])
-    os.makedirs(PICTURES, exist_ok=True)
-    unittest.main(argv=[sys.argv[0], *sys.argv[3:]], verbosity=2)
+    main(__doc__)

@@ -5,15 +5,14 @@
 done here by what the accessibility tree offers alone. Adding, the quick pick and the settings are
 used so in tests of their own.
 """
-from entries import (AMOUNT, CANCEL, CLOSE, COPY, DELETE_THIS, DETAILS, EDIT, NETFLIX, NOTES,
-                     ONE_TIME, OTHER, PAUSE, RESUME, SAVE, main)
+from entries import NETFLIX, OTHER
 from jobs import COPIED, Jobs, activate, only_accessibility
 from main_window import LOCALES, TITLES, Panel
+from program_test import main
 from session import wait_for
-from sheets import OPEN, REVIEW, Sheet
-from test_review import add
-from test_scan import CHOOSE, SCAN
-from test_shell import MENU_HIDE, MENU_QUIT, QUIT
+from sheets import Sheet
+from words import (AMOUNT, CANCEL, CHOOSE, CLOSE, COPY, DELETE_THIS, DETAILS, EDIT, MENU_HIDE,
+                   MENU_QUIT, NOTES, ONE_TIME, OPEN, PAUSE, QUIT, RESUME, REVIEW, SAVE, SCAN, add)
 
 # The buttons of the file panel are Qt's.
 OPEN_FILES = {"en": "Open", "zh": "打开(O)"}

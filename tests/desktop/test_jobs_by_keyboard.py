@@ -7,17 +7,17 @@ what the menus hold by its shortcuts: the menu bar itself is no place for the ke
 """
 import os
 
-from entries import (ACTIVE, ADD, AMOUNT, CANCEL, CATEGORY, CLOSE, COPY, CURRENCY, DELETE,
-                     DELETE_THIS, DETAILS, EDIT, NETFLIX, NOTES, ONE_TIME, OTHER,
-                     PAUSE, PURCHASE, RECURRING, RESUME, SAVE, main)
+from entries import NETFLIX, OTHER
 from jobs import COPIED, Jobs, only_keys
 from main_window import LOCALES, TITLES
 from reminders import TEST
+from program_test import main
 from session import wait_for
-from sheets import QUICK_PICK_BUTTON, REVIEW, SETTINGS, SETTINGS_BUTTON, Sheet
-from test_review import add
-from test_scan import CHOOSE, SCAN
-from test_settings import DAY_NAMES, DAYS, LANGUAGE, OWN_NAMES, QUICK_PICK, SEND, SENT, SYSTEM
+from sheets import Sheet
+from words import (ACTIVE, ADD, AMOUNT, CANCEL, CATEGORY, CHOOSE, CLOSE, COPY, CURRENCY, DAYS,
+                   DAY_NAMES, DELETE, DELETE_THIS, DETAILS, EDIT, LANGUAGE, NOTES, ONE_TIME,
+                   OWN_NAMES, PAUSE, PURCHASE, QUICK_PICK, QUICK_PICK_BUTTON, RECURRING, RESUME,
+                   REVIEW, SAVE, SCAN, SEND_TEST, SENT, SETTINGS, SYSTEM, add)
 
 
 class ByKeyboard(Jobs):
@@ -32,7 +32,7 @@ class ByKeyboard(Jobs):
             with self.subTest(language), self.desktop(language) as desktop, only_keys():
                 app, _ = self.start(desktop, language)
                 button = lambda *words: [("push button", word[language]) for word in words]
-                self.tab(desktop, app, *button(SETTINGS_BUTTON, ADD, QUICK_PICK_BUTTON, SCAN),
+                self.tab(desktop, app, *button(SETTINGS, ADD, QUICK_PICK_BUTTON, SCAN),
                          ("list item", "Netflix"))
                 desktop.key("Down", "Up")
                 self.expect_focus(app, "list item", "Netflix")
@@ -119,7 +119,7 @@ class ByKeyboard(Jobs):
         for language, other in (("en", "zh"), ("zh", "en")):
             with self.subTest(language), self.desktop(language) as desktop, only_keys():
                 app, _ = self.start(desktop, language)
-                self.tab(desktop, app, ("push button", SETTINGS_BUTTON[language]))
+                self.tab(desktop, app, ("push button", SETTINGS[language]))
                 desktop.key("Return")
                 sheet = Sheet(app, SETTINGS[language])
                 self.expect_focus(app, "push button", QUICK_PICK[language])
@@ -133,7 +133,7 @@ class ByKeyboard(Jobs):
                 desktop.key("Left")
                 self.expect_focus(app, "radio button", DAY_NAMES[other][2])
                 self.assertEqual(sheet.chosen(DAYS[other]), [DAY_NAMES[other][2]])
-                self.tab(desktop, app, ("push button", SEND[other]))
+                self.tab(desktop, app, ("push button", SEND_TEST[other]))
                 desktop.key("Return")
                 sheet.find("push button", SENT[other])
                 arrived, = desktop.notifications.wait(timeout=10)
@@ -141,7 +141,7 @@ class ByKeyboard(Jobs):
                 self.tab(desktop, app, ("push button", CLOSE[other]))
                 desktop.key("Return")
                 sheet.wait_closed()
-                self.expect_focus(app, "push button", SETTINGS_BUTTON[other])
+                self.expect_focus(app, "push button", SETTINGS[other])
 
                 # Hidden and closed, it comes back where it was at the next start.
                 for hide in (lambda: desktop.key("ctrl+h"), desktop.close_window):
@@ -150,7 +150,7 @@ class ByKeyboard(Jobs):
                     again = desktop.start([self.program])
                     self.assertEqual(again.wait(), 0)
                     app.wait_window(TITLES[language])
-                    self.expect_focus(app, "push button", SETTINGS_BUTTON[other])
+                    self.expect_focus(app, "push button", SETTINGS[other])
                 self.end(desktop, app, language)
 
 

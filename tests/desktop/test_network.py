@@ -12,17 +12,12 @@ import sys
 import unittest
 
 from main_window import LOCALES, TITLES, MainWindow, settled
+from reminders import TEST
 from session import Session, wait_for
+from words import CLOSE, CONFIRM_SCAN, SAVE, SEND_TEST, SETTINGS
 
 PROGRAM = None
 BILL = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../data/bills/clean/message-1x.png")
-
-CONFIRM = {"en": "[ Confirm scan ]", "zh": "[ 确认识别结果 ]"}
-SAVE = {"en": "Save", "zh": "保存"}
-SETTINGS = {"en": "Settings", "zh": "设置"}
-SEND_TEST = {"en": "Send test notification", "zh": "发送测试通知"}
-TEST_TITLE = {"en": "Tovarin test notification", "zh": "Tovarin 测试通知"}
-CLOSE = {"en": "Close", "zh": "关闭"}
 
 
 class Network(unittest.TestCase):
@@ -33,12 +28,12 @@ class Network(unittest.TestCase):
         app = desktop.start(["strace", "-D", "-f", "-qq", "-e", "trace=socket,socketpair,execve",
                              "-o", log, PROGRAM, bill])
         window = MainWindow(app, language)
-        app.find("label", CONFIRM[language], timeout=60)
+        app.find("label", CONFIRM_SCAN[language], timeout=60)
         app.find("push button", SAVE[language]).do()
         wait_for("the draft in the list", lambda: window.count() == 1)
         window.frame.find("push button", SETTINGS[language]).do()
         app.find("push button", SEND_TEST[language]).do()
-        desktop.notifications.wait(summary=TEST_TITLE[language], timeout=30)
+        desktop.notifications.wait(summary=TEST[language][0], timeout=30)
         app.find("push button", CLOSE[language]).do()
         app.gone("dialog")
         app.wait_window(TITLES[language])

@@ -5,231 +5,15 @@
 start, by mouse, by keys and by a screen reader, and looks at where they arrive. Leaves pictures of
 both steps in the folder PICTURES.
 """
-import datetime
-import json
 import os
-import sys
-import unittest
 
-from main_window import (LOCALES, MainWindow, configuration, configure, data_file,
-                         install_records, picture, record, settled)
-from reminders import TITLES as REMINDER_TITLES
-from reminders import Notifier, at
+from main_window import LOCALES, configure, data_file, install_records, record, settled
+from picks import CONFIRM_LABELS, OTHER, PICK_LABELS, SERVICES, PickTest
+from program_test import main
 from session import wait_for
-from sheets import (CONFIRM, OPEN, PICK, QUICK_PICK_BUTTON, SETTINGS, SETTINGS_BUTTON, Sheet,
-                    SheetTest, session)
-
-PICTURES = None
-
-REGION = {"en": "Region", "zh": "地区"}
-CHINA = {"en": "China", "zh": "国内常用"}
-GLOBAL = {"en": "Global", "zh": "国际常用"}
-SKIP = {"en": "Skip", "zh": "跳过"}
-CONTINUE = {"en": "Continue", "zh": "下一步"}
-BACK = {"en": "Back", "zh": "返回"}
-ADD_THREE = {"en": "Add 3", "zh": "添加 3 项"}
-OTHER = {"en": "Other", "zh": "其他"}
-OTHER_TIER = {"en": "Other · custom", "zh": "其他 · 自定"}
-ENTER_AMOUNT = {"en": "Enter amount", "zh": "请填金额"}
-MONTHLY = {"en": "Monthly", "zh": "每月"}
-DAYS = {"en": "Remind me how many days ahead", "zh": "提前几天提醒我"}
-SAME_DAY = {"en": "Same day", "zh": "当天"}
-CLOSE = {"en": "Close", "zh": "关闭"}
-
-# In the order of the lists.
-SERVICES = {
-    "china": {
-        "en": ["iQIYI VIP", "Tencent Video VIP", "Youku VIP", "Bilibili Premium", "Mango TV",
-               "NetEase Music VIP", "QQ Music VIP", "WeRead VIP", "Zhihu Yanxuan",
-               "Baidu Netdisk SVIP", "Aliyun Drive", "iCloud+", "Apple Music", "Apple TV+",
-               "ChatGPT"],
-        "zh": ["爱奇艺 VIP", "腾讯视频 VIP", "优酷 VIP", "哔哩哔哩大会员", "芒果 TV 会员",
-               "网易云音乐黑胶", "QQ 音乐豪华绿钻", "微信读书 VIP", "知乎盐选会员",
-               "百度网盘 SVIP", "阿里云盘超级会员", "iCloud+", "Apple Music", "Apple TV+",
-               "ChatGPT"],
-    },
-    "global": {
-        "en": ["Netflix", "Spotify Premium"],
-        "zh": ["Netflix", "Spotify Premium"],
-    },
-}
-PICK_LABELS = {
-    "en": ["[ QUICK ADD ]", "Check what you use — skip typing each one"],
-    "zh": ["[ 快速添加常见服务 ]", "勾选你在用的，不必一个个手填"],
-}
-CONFIRM_LABELS = {
-    "en": ["[ REVIEW ]", "Edit amounts; fill in price for「Other」"],
-    "zh": ["[ 确认并调整 ]", "可改金额；选「其他」需自行填写"],
-}
-# 21 yuan, and 12.50 and 17.99 dollars of 7.20 each; all of it is charged first today.
-HEAD = {
-    "en": ["[ MONTHLY SPEND ]", "$33.41", "LOCAL DATA · CNY", "Yearly", "$400.88", "Active", "3",
-           "Due in 7d", "3"],
-    "zh": ["[ 每月订阅支出 ]", "¥240.53", "本地数据 · CNY", "每年支出", "¥2886.34", "进行中", "3",
-           "近 7 天待扣", "3"],
-}
-UPCOMING = {
-    "en": [["iCloud+ · 200GB", "Charged today", "¥21"],
-           ["ChatGPT · Other", "Charged today", "$12.50"], ["Netflix", "Charged today", "$17.99"]],
-    "zh": [["iCloud+ · 200GB", "今天扣费", "¥21"], ["ChatGPT · 其他", "今天扣费", "$12.50"],
-           ["Netflix", "今天扣费", "$17.99"]],
-}
-ROWS = {
-    "en": [["Netflix", "Video · Monthly · Charged today", "-$17.99", "≈$17.99/mo"],
-           ["ChatGPT · Other", "AI & Tools · Monthly · Charged today", "-$12.50", "≈$12.50/mo"],
-           ["iCloud+ · 200GB", "Cloud · Monthly · Charged today", "-¥21", "≈$2.92/mo"]],
-    "zh": [["Netflix", "影音 · 每月 · 今天扣费", "-$17.99", "≈¥129.53/月"],
-           ["ChatGPT · 其他", "AI/工具 · 每月 · 今天扣费", "-$12.50", "≈¥90/月"],
-           ["iCloud+ · 200GB", "云存储 · 每月 · 今天扣费", "-¥21", "≈¥21/月"]],
-}
-PANEL_ROWS = {
-    "en": [["iCloud+ · 200GB", "Today", "-¥21"], ["ChatGPT · Other", "Today", "-$12.50"],
-           ["Netflix", "Today", "-$17.99"]],
-    "zh": [["iCloud+ · 200GB", "今天", "-¥21"], ["ChatGPT · 其他", "今天", "-$12.50"],
-           ["Netflix", "今天", "-$17.99"]],
-}
-REMINDERS = {
-    "en": ["iCloud+ · 200GB will be charged ¥21 today. "
-           "Cancel ahead of time if you no longer need it.",
-           "ChatGPT · Other will be charged $12.50 today. "
-           "Cancel ahead of time if you no longer need it.",
-           "Netflix will be charged $17.99 today. "
-           "Cancel ahead of time if you no longer need it."],
-    "zh": ["「iCloud+ · 200GB」将在今天扣费 ¥21，需要的话记得提前取消。",
-           "「ChatGPT · 其他」将在今天扣费 $12.50，需要的话记得提前取消。",
-           "「Netflix」将在今天扣费 $17.99，需要的话记得提前取消。"],
-}
-ENTRY = """  {{
-    "amount" : {},
-    "billingType" : "recurring",
-    "category" : "{}",
-    "currency" : "{}",
-    "cycle" : "monthly",
-    "id" : "{}",
-    "isActive" : true,
-    "name" : "{}",
-    "notes" : "{}",
-    "serviceID" : "{}",
-    "startDate" : "{}"
-  }}"""
-NOTES = {"en": "Quick pick", "zh": "快速添加"}
-ENTRIES = [("21", "云存储", "CNY", "iCloud+ · 200GB", "icloud-cn"),
-           ("12.5", r"AI\/工具", "USD", "ChatGPT · {}", "chatgpt-cn"),
-           ("17.99", "影音", "USD", "Netflix", "netflix")]
-
-
-class PickTest(SheetTest):
-    def start_with_offer(self, desktop, language):
-        """The quick pick opens by itself."""
-        app, window = self.start(desktop, language)
-        return app, window, Sheet(app, PICK[language])
-
-    def is_done(self, desktop):
-        try:
-            with open(configuration(desktop), encoding="utf-8") as file:
-                return "didCompleteQuickPick=true" in file.read().splitlines()
-        except FileNotFoundError:
-            return False
-
-    def reach(self, sheet, name, language):
-        return sheet.reach("check box", name, sheet.find("panel", REGION[language]),
-                           sheet.find("push button", SKIP[language]))
-
-    def choose_tier(self, sheet, service, tier):
-        sheet.find("combo box", service).click()
-        line = sheet.app.find("list item", tier)
-        sheet.s.click(*line.center())
-        wait_for(f"the tier {tier}",
-                 lambda: sheet.find("combo box", service).description == tier)
-
-    def tick(self, sheet, service):
-        cell = sheet.find("check box", service, hidden=True)
-        self.assertFalse(cell.has("checked"))
-        cell.do("Toggle")
-        wait_for(f"the tick of {service}", lambda: cell.has("checked"))
-
-    def tell_tier(self, sheet, service, tier):
-        picker = sheet.find("combo box", service, hidden=True)
-        picker.do("Press")
-        sheet.app.find("list item", tier).do("Press")
-        wait_for(f"the tier {tier}", lambda: picker.description == tier)
-
-    def amount(self, sheet, name):
-        return sheet.find("list item", name).find("text", name)
-
-    def expect_arrived(self, desktop, app, window, language):
-        """All three are wherever a subscription is."""
-        self.assertTrue(self.is_done(desktop))
-        wait_for("the entries in the list", lambda: window.head()[:9] == HEAD[language])
-        self.assertEqual(window.upcoming(), UPCOMING[language])
-        self.assertEqual(window.rows(), ROWS[language])
-        self.expect_file(desktop, language)
-        panel = self.open_panel(desktop, app)
-        self.assertEqual(panel.rows(), PANEL_ROWS[language])
-        self.assertEqual(panel.texts()[1:4], {
-            "en": ["Monthly spend", "$33.41", "≈$400.88/yr · 3 active"],
-            "zh": ["每月订阅支出", "¥240.53", "每年约 ¥2886.34 · 进行中 3 个"]}[language])
-        desktop.key("Escape")
-        panel.wait_closed()
-
-    def expect_file(self, desktop, language):
-        """The file is as expected, but for the moment and the ids."""
-        with open(data_file(desktop), encoding="utf-8", newline="") as file:
-            written = file.read()
-        stored = json.loads(written)
-        ids = [entry["id"] for entry in stored]
-        self.assertEqual(len(set(ids)), 3)
-        for identifier in ids:
-            self.assertRegex(identifier, "^[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}$")
-        moment, = {entry["startDate"] for entry in stored}
-        self.assertRegex(moment, "^2025-06-10T01:[0-9]{2}:[0-9]{2}Z$")
-        passed = desktop.clock.now() - datetime.datetime.fromisoformat(moment[:-1] + "+00:00") \
-            .timestamp()
-        self.assertTrue(0 <= passed < 120, passed)
-        self.assertEqual(written, "[\n" + ",\n".join(
-            ENTRY.format(amount, category, currency, identifier, name.format(OTHER[language]),
-                         NOTES[language], service, moment)
-            for identifier, (amount, category, currency, name, service)
-            in zip(ids, ENTRIES)) + "\n]")
-        return ids
-
-    def expect_reminders(self, desktop, app, language):
-        """None three days ahead, which are past; one each on the day itself, once that is chosen."""
-        ids = self.expect_file(desktop, language)
-        self.assertEqual(Notifier(desktop).pending(), [])
-        app.find("push button", SETTINGS_BUTTON[language]).click()
-        sheet = Sheet(app, SETTINGS[language])
-        sheet.choose(DAYS[language], SAME_DAY[language])
-        notifier = Notifier(desktop).wait()
-        expected = [at("2025-06-10", "renew-" + identifier, text, title=REMINDER_TITLES[language])
-                    for identifier, text in zip(ids, REMINDERS[language])]
-        wait_for("the reminders", lambda: len(notifier.pending()) == 3)
-        self.assertEqual(notifier.pending(), expected)
-        sheet.find("push button", CLOSE[language]).click()
-        sheet.wait_closed()
-
-    def expect_no_offer(self, desktop, language):
-        """No sheet opens by itself, neither at a start nor when the window is shown again."""
-        app, window = self.start(desktop, language)
-        window.frame.find("push button", SETTINGS_BUTTON[language])
-        self.wait_past_offer(app)
-        desktop.key("ctrl+h")
-        wait_for("no window in sight", lambda: not app.windows())
-        panel = self.open_panel(desktop, app)
-        panel.button(OPEN[language]).click()
-        panel.wait_closed()
-        MainWindow(app, language)
-        self.wait_past_offer(app)
-        self.end(desktop, app)
-
-    def wait_past_offer(self, app):
-        """The offer comes after 0.4 s; a sheet that is open by a later second is found."""
-        since = app.s.clock.now()
-
-        def later():
-            self.assertEqual(app.find_all("dialog"), [])
-            return app.s.clock.now() - since > 1.5
-        wait_for("the offer's time to pass", later)
+from sheets import Sheet, session
+from words import (BACK, CHINA, CONFIRM, CONTINUE, ENTER_AMOUNT, GLOBAL, MONTHLY, OPEN,
+                   OTHER_TIER, PICK, QUICK_PICK_BUTTON, REGION, SKIP, add)
 
 
 class FirstStart(PickTest):
@@ -271,7 +55,7 @@ class FirstStart(PickTest):
                 self.amount(sheet, "Netflix").fill("17.99")
                 self.assertFalse(os.path.exists(data_file(desktop)))
                 self.assertFalse(self.is_done(desktop))
-                sheet.find("push button", ADD_THREE[language]).click()
+                sheet.find("push button", add(language, 3)).click()
                 sheet.wait_closed()
 
                 self.expect_arrived(desktop, app, window, language)
@@ -322,7 +106,7 @@ class FirstStart(PickTest):
                 desktop.key("ctrl+a")
                 desktop.type("17.99")
                 self.walk(desktop, app, "push button", ("Tab", SKIP[language]),
-                          ("Tab", ADD_THREE[language]))
+                          ("Tab", add(language, 3)))
                 desktop.key("space")
                 sheet.wait_closed()
                 self.expect_arrived(desktop, app, window, language)
@@ -344,7 +128,7 @@ class FirstStart(PickTest):
                 self.amount(sheet, "ChatGPT · " + OTHER[language]).set_text("12.5")
                 sheet.dialog.gone("label", ENTER_AMOUNT[language])
                 self.amount(sheet, "Netflix").set_text("17.99")
-                sheet.find("push button", ADD_THREE[language]).do("Press")
+                sheet.find("push button", add(language, 3)).do("Press")
                 sheet.wait_closed()
                 self.expect_arrived(desktop, app, window, language)
                 self.end(desktop, app)
@@ -416,7 +200,7 @@ class Stored(PickTest):
                 cell.do("Press")
                 self.walk(desktop, app, "check box", ("Tab", SERVICES["global"][language][1]))
                 self.assertFalse(cell.has("checked"))
-                picture(desktop, os.path.join(PICTURES, f"pick-stored-{language}.png"))
+                self.picture(desktop, f"pick-stored-{language}.png")
                 self.walk(desktop, app, "push button", ("Tab", SKIP[language]))
                 desktop.key("Escape")
                 sheet.wait_closed()
@@ -434,8 +218,8 @@ class Looks(PickTest):
                         s, didCompleteQuickPick="false", TovarinMainWindow__frame=frame)) \
                         as desktop:
                     app, _, sheet = self.start_with_offer(desktop, language)
-                    path = os.path.join(PICTURES, f"pick{name}-{{}}-{language}.png").format
-                    picture(desktop, path("china"))
+                    path = f"pick{name}-{{}}-{language}.png".format
+                    self.picture(desktop, path("china"))
                     self.expect_usable(sheet)
                     # The last of them cannot be pressed yet.
                     self.expect_stops_in_sight(desktop, app, sheet, 3)
@@ -443,18 +227,18 @@ class Looks(PickTest):
                         self.reach(sheet, service, language).click()
                     self.reach(sheet, "ChatGPT", language)
                     self.choose_tier(sheet, "ChatGPT", OTHER_TIER[language])
-                    picture(desktop, path("china-ticked"))
+                    self.picture(desktop, path("china-ticked"))
                     sheet.choose(REGION[language], GLOBAL[language])
-                    picture(desktop, path("global"))
+                    self.picture(desktop, path("global"))
                     self.reach(sheet, "Netflix", language).click()
                     self.reach(sheet, "Claude", language).click()
-                    picture(desktop, path("global-ticked"))
+                    self.picture(desktop, path("global-ticked"))
                     self.expect_usable(sheet)
                     # The picker of the ticked cell, too.
                     self.expect_stops_in_sight(desktop, app, sheet, 5)
                     sheet.find("push button", CONTINUE[language]).click()
                     sheet = Sheet(app, CONFIRM[language])
-                    picture(desktop, path("review"))
+                    self.picture(desktop, path("review"))
                     self.expect_usable(sheet)
                     self.expect_stops_in_sight(desktop, app, sheet, 8)
                     # What was ticked is kept.
@@ -480,16 +264,12 @@ class Looks(PickTest):
             sheet = Sheet(app, PICK["en"])
             for service in ("iQIYI VIP", "Bilibili Premium", "iCloud+"):
                 self.tick(sheet, service)
-            picture(desktop, os.path.join(PICTURES, "pick-2x.png"))
+            self.picture(desktop, "pick-2x.png")
             sheet.find("push button", "Continue").do("Press")
             Sheet(app, CONFIRM["en"])
-            picture(desktop, os.path.join(PICTURES, "pick-review-2x.png"))
+            self.picture(desktop, "pick-review-2x.png")
             self.end(desktop, app)
 
 
 if __name__ == "__main__":
-    if len(sys.argv) < 3:
-        sys.exit(__doc__)
-    SheetTest.program, PICTURES = map(os.path.abspath, sys.argv[1:3])
-    os.makedirs(PICTURES, exist_ok=True)
-    unittest.main(argv=[sys.argv[0], *sys.argv[3:]], verbosity=2)
+    main(__doc__)

@@ -12,13 +12,13 @@ import unittest
 import zoneinfo
 
 from main_window import TITLES as WINDOW_TITLES
-from main_window import MainWindow, configure, install_records, record
+from main_window import LOCALES, MainWindow, configure, install_records, record
 from reminders import TEST, TITLES, Notifier, at, body
 from session import Session, wait_for
+from words import PAUSE, SEND_TEST, SETTINGS
 
 PROGRAM = NOTIFIER = None
 ZONE = "Asia/Shanghai"
-LOCALES = {"en": "en_US.UTF-8", "zh": "zh_CN.UTF-8"}
 DAY = "2025-06-09"
 # The notification is seen as soon as the machine, which may be busy, gets to it.
 MOST_SECONDS_LATE = 3
@@ -151,9 +151,6 @@ RECORDS = [
 ]
 FIRST, SECOND, THIRD, SIXTH = (f"renew-00000000-0000-4000-8000-{number:012}"
                                for number in (0xa1, 2, 3, 6))
-SETTINGS = {"en": "Settings", "zh": "设置"}
-SEND_TEST = {"en": "Send test notification", "zh": "发送测试通知"}
-PAUSE = {"en": "Pause", "zh": "停用"}
 
 
 class WithTovarin(Desktop):

@@ -4,27 +4,16 @@
 """test_review.py PROGRAM PICTURES: has Tovarin read several bills at once, with its real scanner,
 and looks through what it found as a user does. Leaves pictures of it in the folder PICTURES.
 """
-import datetime
 import json
 import os
 import shutil
-import sys
-import unittest
-import zoneinfo
 
-from main_window import LOCALES, TITLES, MainWindow, configure, data_file, picture
+from entries import draft
+from main_window import BILLS, LOCALES, TITLES, MainWindow, configure, data_file
+from program_test import main
 from session import wait_for
-from sheets import REVIEW, Sheet, SheetTest, session
-
-PICTURES = None
-BILLS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../data/bills")
-
-NAME = {"en": "Name", "zh": "名称"}
-AMOUNT = {"en": "Amount", "zh": "金额"}
-NO_NAME = {"en": "No name", "zh": "未识别名称"}
-MONTHLY = {"en": "Monthly", "zh": "每月"}
-CANCEL = {"en": "Cancel", "zh": "取消"}
-NOTES = {"en": "📷 Scanned text:", "zh": "📷 识别原文："}
+from sheets import Sheet, SheetTest, session
+from words import AMOUNT, CANCEL, MONTHLY, NAME, NO_NAME, REVIEW, add
 
 # The third cannot be read.
 FIVE = ["clean/message-1x.png", "clean/invoice-1x.png", "hazards/corrupted.png",
@@ -40,22 +29,6 @@ def head(language, included, count):
                    "Select items to add; edit name or amount"],
             "zh": ["[ 批量识别结果 ]", f"[ {included}/{count} 项 ]",
                    "勾选要添加的项，可改名称和金额"]}[language]
-
-
-def add(language, count):
-    return {"en": f"Add {count}", "zh": f"添加 {count} 项"}[language]
-
-
-def draft(sample, language):
-    """What the file has of the sample in the end, if nobody changes it, but for the id."""
-    with open(os.path.join(BILLS, sample + ".golden.json"), encoding="utf-8") as golden:
-        read = json.load(golden)["draft"]
-    day = datetime.datetime.fromisoformat(read["startDate"])
-    start = day.replace(tzinfo=zoneinfo.ZoneInfo("Asia/Shanghai")).astimezone(datetime.timezone.utc)
-    read["startDate"] = start.strftime("%Y-%m-%dT%H:%M:%SZ")
-    read["notes"] = NOTES[language] + "\n" + read["notes"][1]
-    del read["serviceID"]
-    return read
 
 
 class ReviewTest(SheetTest):
@@ -218,20 +191,16 @@ class Looks(ReviewTest):
                             s, TovarinMainWindow__frame=frame)) as desktop:
                     app, _, sheet = self.scan(desktop, language, bills)
                     self.assertEqual(len(self.rows(sheet, language)), len(bills))
-                    picture(desktop, os.path.join(PICTURES, f"review-{name}-{language}.png"))
+                    self.picture(desktop, f"review-{name}-{language}.png")
                     self.expect_stops_in_sight(desktop, app, sheet, 3 * len(bills) + 2)
                     self.end(desktop, app)
 
     def test_pictures_twice_as_large(self):
         with session("en", size=(2000, 1400)) as desktop:
             app, _, _ = self.scan(desktop, "en", TWO, QT_SCALE_FACTOR="2")
-            picture(desktop, os.path.join(PICTURES, "review-2x.png"))
+            self.picture(desktop, "review-2x.png")
             self.end(desktop, app)
 
 
 if __name__ == "__main__":
-    if len(sys.argv) < 3:
-        sys.exit(__doc__)
-    SheetTest.program, PICTURES = map(os.path.abspath, sys.argv[1:3])
-    os.makedirs(PICTURES, exist_ok=True)
-    unittest.main(argv=[sys.argv[0], *sys.argv[3:]], verbosity=2)
+    main(__doc__)

@@ -7,30 +7,15 @@ desktop session of its own. Leaves pictures of what is seen on the way in the fo
 import json
 import os
 import shutil
-import sys
-import unittest
 
-from main_window import LOCALES, TITLES, MainWindow, data_file, picture, settled
+from main_window import BILLS, LOCALES, MainWindow, data_file, settled
+from program_test import ProgramTest, main
 from session import Session, wait_for
-
-PROGRAM = PICTURES = None
-BILLS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../data/bills")
-
-SCAN = {"en": "Scan", "zh": "扫描识别"}
-NOTHING = {"en": "Nothing recognized", "zh": "没有识别到有效内容"}
-CHOOSE = {"en": "Choose bill screenshots or PDFs", "zh": "选择账单截图或 PDF"}
-CANCEL = {"en": "Cancel", "zh": "取消"}
-CONFIRM = {"en": "[ Confirm scan ]", "zh": "[ 确认识别结果 ]"}
-SAVE = {"en": "Save", "zh": "保存"}
+from words import CANCEL, CHOOSE, CONFIRM_SCAN, NOTHING, SAVE, SCAN, SCANNED_TEXT
 
 ROWS = {
     "en": ["YouTube Premium", "Video · Monthly · Charges 2025/06/26", "-¥55", "≈$7.64/mo"],
     "zh": ["YouTube Premium", "影音 · 每月 · 2025/06/26 扣费", "-¥55", "≈¥55/月"],
-}
-# The notes hold the first six lines as they were read.
-NOTES = {
-    "en": "📷 Scanned text:\n",
-    "zh": "📷 识别原文：\n",
 }
 
 
@@ -62,21 +47,13 @@ def choose(desktop, app, path, language):
     app.gone("dialog", CHOOSE[language])
 
 
-class Scan(unittest.TestCase):
-    maxDiff = None
-
+class Scan(ProgramTest):
     def start(self, desktop, language):
-        app = desktop.start([PROGRAM])
+        app = desktop.start([self.program])
         return app, MainWindow(app, language)
 
     def button(self, window, language):
         return window.frame.find("push button", SCAN[language], timeout=30)
-
-    def end(self, desktop, app, language):
-        app.wait_window(TITLES[language])
-        desktop.key("ctrl+q")
-        self.assertEqual(app.wait(), 0)
-        self.assertEqual(app.log(), "")
 
     def test_a_chosen_bill_reaches_the_list(self):
         for language in LOCALES:
@@ -85,23 +62,23 @@ class Scan(unittest.TestCase):
                 path = bill(desktop, "clean/message-1x.png", "bill.png")
                 self.button(window, language).click()
                 app.find("dialog", CHOOSE[language], timeout=10)
-                picture(desktop, os.path.join(PICTURES, f"choose-bills-{language}.png"))
+                self.picture(desktop, f"choose-bills-{language}.png")
                 choose(desktop, app, path, language)
-                app.find("label", CONFIRM[language], timeout=30)
-                picture(desktop, os.path.join(PICTURES, f"confirm-scan-{language}.png"))
+                app.find("label", CONFIRM_SCAN[language], timeout=30)
+                self.picture(desktop, f"confirm-scan-{language}.png")
                 self.assertFalse(os.path.exists(data_file(desktop)))
                 app.find("push button", SAVE[language]).click()
                 wait_for("the draft in the list", lambda: window.count() == 1)
                 row, = window.rows()
                 self.assertEqual(row, ROWS[language])
                 draft, = stored(desktop)
-                self.assertTrue(draft["notes"].startswith(NOTES[language]), draft["notes"])
+                self.assertTrue(draft["notes"].startswith(SCANNED_TEXT[language]), draft["notes"])
                 del draft["id"], draft["notes"]
                 self.assertEqual(draft, {
                     "name": "YouTube Premium", "amount": 55, "currency": "CNY",
                     "billingType": "recurring", "cycle": "monthly", "category": "影音",
                     "startDate": "2024-11-25T16:00:00Z", "isActive": True})
-                picture(desktop, os.path.join(PICTURES, f"scanned-{language}.png"))
+                self.picture(desktop, f"scanned-{language}.png")
                 self.end(desktop, app, language)
 
     def test_a_cancelled_panel_changes_nothing(self):
@@ -125,14 +102,10 @@ class Scan(unittest.TestCase):
                 self.button(window, language).click()
                 choose(desktop, app, path, language)
                 window.frame.find("label", NOTHING[language], timeout=30)
-                picture(desktop, os.path.join(PICTURES, f"nothing-found-{language}.png"))
+                self.picture(desktop, f"nothing-found-{language}.png")
                 self.assertFalse(os.path.exists(data_file(desktop)))
                 self.end(desktop, app, language)
 
 
 if __name__ == "__main__":
-    if len(sys.argv) < 3:
-        sys.exit(__doc__)
-    PROGRAM, PICTURES = map(os.path.abspath, sys.argv[1:3])
-    os.makedirs(PICTURES, exist_ok=True)
-    unittest.main(argv=[sys.argv[0], *sys.argv[3:]], verbosity=2)
+    main(__doc__)

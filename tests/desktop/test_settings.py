@@ -4,31 +4,18 @@
 """test_settings.py PROGRAM PICTURES: changes Tovarin's settings as a user does and looks at what
 follows them. Leaves pictures of them in the folder PICTURES.
 """
-import os
-import sys
 import time
-import unittest
 
 from main_window import (LOCALES, TITLES, MainWindow, configuration, configure, install_records,
-                         picture, record, settled)
+                         record, settled)
+from program_test import main
 from reminders import TEST, Notifier
 from session import wait_for
-from sheets import PICK, SETTINGS, SETTINGS_BUTTON, Sheet, SheetTest, session
+from sheets import Sheet, SheetTest, session
+from words import (CLOSE, DAYS, DAY_NAMES, EDIT, LANGUAGE, OWN_NAMES, PICK, QUICK_PICK, SEND_TEST,
+                   SENT, SETTINGS, SYSTEM)
 
-PICTURES = None
-
-LANGUAGE = {"en": "Language", "zh": "语言"}
-SYSTEM = {"en": "System", "zh": "跟随系统"}
-OWN_NAMES = {"en": "English", "zh": "中文"}
-DAYS = {"en": "Remind me how many days ahead", "zh": "提前几天提醒我"}
-DAY_NAMES = {"en": ["Same day", "1d", "2d", "3d", "5d", "7d"],
-             "zh": ["当天", "1 天", "2 天", "3 天", "5 天", "7 天"]}
-SEND = {"en": "Send test notification", "zh": "发送测试通知"}
-SENT = {"en": "Sent — check notifications", "zh": "已发送，请留意通知"}
-QUICK_PICK = {"en": "Quick add services", "zh": "快选常见服务"}
 SUBTITLE = {"en": "China & global lists — check to add", "zh": "国内 / 国际两套清单，勾选即添加"}
-CLOSE = {"en": "Close", "zh": "关闭"}
-EDIT = {"en": "Edit", "zh": "编辑"}
 CAPTION = {"en": "[ MONTHLY SPEND ]", "zh": "[ 每月订阅支出 ]"}
 PANEL_CAPTION = {"en": "Monthly spend", "zh": "每月订阅支出"}
 
@@ -51,7 +38,7 @@ MOST_SECONDS_LATE = 3
 
 class SettingsTest(SheetTest):
     def open(self, app, language):
-        app.find("push button", SETTINGS_BUTTON[language]).click()
+        app.find("push button", SETTINGS[language]).click()
         return Sheet(app, SETTINGS[language])
 
     def close(self, sheet, language):
@@ -162,7 +149,7 @@ class Days(SettingsTest):
                          lambda: self.reminders(notifier) == [(6, 16), (6, 21)])
                 sheet = self.open(app, language)
                 self.assertEqual(sheet.chosen(DAYS[language]), [])
-                picture(desktop, os.path.join(PICTURES, f"settings-4-days-{language}.png"))
+                self.picture(desktop, f"settings-4-days-{language}.png")
                 self.close(sheet, language)
                 self.end(desktop, app)
                 self.assertEqual(self.stored(desktop), {"remindDaysBefore": "4"})
@@ -176,14 +163,14 @@ class Tests(SettingsTest):
                 app, _ = self.start(desktop, language)
                 sheet = self.open(app, language)
                 before = time.monotonic()
-                sheet.find("push button", SEND[language]).click()
+                sheet.find("push button", SEND_TEST[language]).click()
                 after = time.monotonic()
                 sheet.find("push button", SENT[language])
                 sheet.dialog.gone("push button", SENT[language])
                 since = time.monotonic()
                 self.assertGreaterEqual(since - before, LEAST_SECONDS)
                 self.assertLess(since - after, 3 + MOST_SECONDS_LATE)
-                sheet.find("push button", SEND[language])
+                sheet.find("push button", SEND_TEST[language])
                 arrived, = desktop.notifications.wait(timeout=MOST_SECONDS_LATE)
                 self.assertEqual((arrived["summary"], arrived["body"]), TEST[language])
                 self.assertGreaterEqual(arrived["mono"] - before, LEAST_SECONDS)
@@ -223,7 +210,7 @@ class Ways(SettingsTest):
             sheet = Sheet(app, SETTINGS["zh"])
             self.expect_usable(sheet)
             self.assertEqual(self.stored(desktop), {"appLanguage": "zh", "remindDaysBefore": "7"})
-            sheet.find("push button", SEND["zh"]).do("Press")
+            sheet.find("push button", SEND_TEST["zh"]).do("Press")
             self.assertEqual(desktop.notifications.wait(timeout=10)[0]["summary"], TEST["zh"][0])
             sheet.find("push button", CLOSE["zh"]).do("Press")
             sheet.wait_closed()
@@ -242,9 +229,9 @@ class Looks(SettingsTest):
                             s, TovarinMainWindow__frame=frame)) as desktop:
                     app, _ = self.start(desktop, language)
                     sheet = self.open(app, language)
-                    picture(desktop, os.path.join(PICTURES, f"settings{name}-{language}.png"))
+                    self.picture(desktop, f"settings{name}-{language}.png")
                     self.expect_stops_in_sight(desktop, app, sheet, 5)
-                    picture(desktop, os.path.join(PICTURES, f"settings{name}-end-{language}.png"))
+                    self.picture(desktop, f"settings{name}-end-{language}.png")
                     self.end(desktop, app)
 
     def test_pictures_twice_as_large(self):
@@ -253,15 +240,11 @@ class Looks(SettingsTest):
             MainWindow(app, "zh")
             app.wait_window(TITLES["zh"])
             # The places that a screen reader is told are another matter at this scale.
-            app.find("push button", SETTINGS_BUTTON["zh"]).do("Press")
+            app.find("push button", SETTINGS["zh"]).do("Press")
             Sheet(app, SETTINGS["zh"])
-            picture(desktop, os.path.join(PICTURES, "settings-2x.png"))
+            self.picture(desktop, "settings-2x.png")
             self.end(desktop, app)
 
 
 if __name__ == "__main__":
-    if len(sys.argv) < 3:
-        sys.exit(__doc__)
-    SheetTest.program, PICTURES = map(os.path.abspath, sys.argv[1:3])
-    os.makedirs(PICTURES, exist_ok=True)
-    unittest.main(argv=[sys.argv[0], *sys.argv[3:]], verbosity=2)
+    main(__doc__)

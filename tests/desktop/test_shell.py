@@ -2,64 +2,26 @@
 # SPDX-FileCopyrightText: The Tovarin developers
 # SPDX-License-Identifier: MIT
 """test_shell.py PROGRAM PICTURES: lives in Tovarin as a user does: closes and hides its window and
-brings it back, starts it twice, opens the panel of its tray item, and quits it in every way. Leaves
-pictures of the window and the panel in the folder PICTURES.
+brings it back, starts it twice, and quits it in every way. Leaves pictures of the window and the
+panel in the folder PICTURES.
 """
 import glob
 import os
 import re
 import shutil
-import sys
 import time
-import unittest
 
-from main_window import (LOCALES, SAMPLE, TITLES, MainWindow, Panel, configure, data_file, install,
-                         install_records, picture, record, settled)
-from session import Session, Tray, wait_for
+from main_window import (BILLS, LOCALES, SAMPLE, TITLES, MainWindow, configure, data_file,
+                         install, install_records, record)
+from program_test import MOST_SECONDS_TO_QUIT, main
+from session import Tray, wait_for
+from shell import CHARGES, TOOLTIPS, Shell, session
+from words import CHOOSE, EDIT, EMPTY_HEAD, MENU_HIDE, MENU_QUIT, OPEN, QUIT, SCAN
 
-PROGRAM = PICTURES = None
-BILLS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../data/bills")
-
-# The program itself needs far less; the machine may be busy.
-MOST_SECONDS_TO_QUIT = 5
 IDLE_SECONDS = 10
 # Qt tidies its cache of fonts up three times, 10 s apart, before it sleeps for good.
 MOST_WAKINGS = 2
 
-OPEN = {"en": "Open Tovarin", "zh": "打开 Tovarin"}
-QUIT = {"en": "Quit", "zh": "退出"}
-MENU_HIDE = {"en": "Hide Tovarin", "zh": "隐藏 Tovarin"}
-MENU_QUIT = {"en": "Quit Tovarin", "zh": "退出 Tovarin"}
-EDIT = {"en": "Edit", "zh": "编辑"}
-SCAN = "Scan"
-CHOOSE = "Choose bill screenshots or PDFs"
-TOOLTIPS = {"en": "Tovarin · Click to view subscription spend", "zh": "Tovarin · 点击查看订阅支出"}
-
-EMPTY_HEAD = {
-    "en": ["[ MONTHLY SPEND ]", "$0", "LOCAL DATA · CNY", "Yearly", "$0", "Active", "0",
-           "Due in 7d", "0", "No subscriptions yet",
-           "Start with quick pick, or batch-scan billing screenshots"],
-    "zh": ["[ 每月订阅支出 ]", "¥0", "本地数据 · CNY", "每年支出", "¥0", "进行中", "0",
-           "近 7 天待扣", "0", "还没有任何订阅记录", "从常见服务快选开始，或批量扫描账单截图"],
-}
-
-# On 10 June 2025 six of these are due within a week, one today; two are not.
-CHARGES = [
-    record(1, "Fifth", "2025-01-14", 14),
-    record(2, "Later", "2025-01-18", 1000),
-    record(3, "Third", "2025-01-12", 4.5, "USD"),
-    record(4, "First", "2025-01-10", 10),
-    record(5, "Sixth", "2025-01-17", 16),
-    record(6, "Fourth", "2025-01-13", 13),
-    record(7, "Paused", "2025-01-11", 500, isActive=False),
-    record(8, "Second", "2025-01-11", 11),
-]
-FOUR_SOONEST = {
-    "en": [["First", "Today", "-¥10"], ["Second", "1d", "-¥11"], ["Third", "2d", "-$4.50"],
-           ["Fourth", "3d", "-¥13"]],
-    "zh": [["First", "今天", "-¥10"], ["Second", "1天后", "-¥11"], ["Third", "2天后", "-$4.50"],
-           ["Fourth", "3天后", "-¥13"]],
-}
 SIX_UPCOMING = {
     "en": [["First", "Charged today", "¥10"], ["Second", "in 1 days", "¥11"],
            ["Third", "in 2 days", "$4.50"], ["Fourth", "in 3 days", "¥13"],
@@ -68,72 +30,6 @@ SIX_UPCOMING = {
            ["Third", "2 天后扣费", "$4.50"], ["Fourth", "3 天后扣费", "¥13"],
            ["Fifth", "4 天后扣费", "¥14"], ["Sixth", "7 天后扣费", "¥16"]],
 }
-# 10 + 11 + 13 + 14 + 16 + 1000 yuan and 4.50 dollars of 7.20 each.
-PANEL_TEXTS = {
-    "en": ["Tovarin", "Monthly spend", "$152.28", "≈$1827.33/yr · 7 active",
-           "Due in the next 7 days"],
-    "zh": ["Tovarin", "每月订阅支出", "¥1096.40", "每年约 ¥13156.80 · 进行中 7 个",
-           "近 7 天待扣费"],
-}
-EMPTY_PANEL_TEXTS = {
-    "en": ["Tovarin", "Monthly spend", "$0", "≈$0/yr · 0 active", "Due in the next 7 days",
-           "Nothing due soon"],
-    "zh": ["Tovarin", "每月订阅支出", "¥0", "每年约 ¥0 · 进行中 0 个", "近 7 天待扣费",
-           "近期没有要扣费的订阅"],
-}
-# A plain window of another program, which takes the keyboard.
-OTHER_WINDOW = """
-import gi
-gi.require_version("Gtk", "3.0")
-from gi.repository import Gtk
-window = Gtk.Window(title="Other", default_width=200, default_height=100)
-window.show_all()
-Gtk.main()
-"""
-
-
-def session(language, prepare=None, clock="2025-06-10 09:00:00", **options):
-    """A desktop with a tray on which it is 10 June 2025, nine in the morning in Shanghai."""
-    return Session(lang=LOCALES[language], tz="Asia/Shanghai", clock=clock,
-                   **{"tray": "sni", "notifications": "none", "prepare": settled(prepare),
-                      **options})
-
-
-class Shell(unittest.TestCase):
-    maxDiff = None
-
-    def start(self, desktop, language):
-        app = desktop.start([PROGRAM])
-        window = MainWindow(app, language)
-        app.wait_window(TITLES[language])
-        return app, window
-
-    def expect_end(self, app, since):
-        """The program ends well, soon, and has said nothing."""
-        self.assertEqual(app.wait(), 0)
-        seconds = time.monotonic() - since
-        self.assertEqual(app.log(), "")
-        self.assertLess(seconds, MOST_SECONDS_TO_QUIT)
-
-    def end(self, desktop, app, language):
-        app.wait_window(TITLES[language])
-        since = time.monotonic()
-        desktop.key("ctrl+q")
-        self.expect_end(app, since)
-
-    def wait_unseen(self, app):
-        wait_for("no window in sight", lambda: not app.windows())
-
-    def choose_in_menu(self, app, menu, item):
-        app.find("menu bar", menu).click()
-        # At this point the accessibility tree names what the menu covers.
-        app.s.click(*app.find("menu item", item).center())
-
-    def open_panel(self, desktop, app):
-        desktop.tray.wait().click()
-        panel = Panel(app)
-        panel.wait_for_keyboard()
-        return panel
 
 
 class Starts(Shell):
@@ -171,135 +67,12 @@ class Starts(Shell):
                 self.end(desktop, app, setting)
 
 
-class Panels(Shell):
-    def test_shows_nothing_due(self):
-        for language in LOCALES:
-            with self.subTest(language), session(language) as desktop:
-                app, _ = self.start(desktop, language)
-                item = desktop.tray.wait()
-                self.assertEqual(item.tooltip, TOOLTIPS[language])
-                self.assertNotIn("XAyatanaLabel", item.props())
-                panel = self.open_panel(desktop, app)
-                self.assertEqual(panel.texts(), EMPTY_PANEL_TEXTS[language])
-                self.assertEqual(panel.rows(), [])
-                self.assertEqual(panel.buttons(), [OPEN[language], QUIT[language]])
-                picture(desktop, os.path.join(PICTURES, f"panel-none-due-{language}.png"))
-                desktop.key("Escape")
-                panel.wait_closed()
-                self.end(desktop, app, language)
-
-    def test_shows_the_four_soonest(self):
-        for language in LOCALES:
-            with self.subTest(language), \
-                    session(language, lambda s: install_records(s, CHARGES)) as desktop:
-                app, _ = self.start(desktop, language)
-                panel = self.open_panel(desktop, app)
-                self.assertEqual(panel.texts(), PANEL_TEXTS[language])
-                self.assertEqual(panel.rows(), FOUR_SOONEST[language])
-                picture(desktop, os.path.join(PICTURES, f"panel-six-due-{language}.png"))
-                since = time.monotonic()
-                panel.button(QUIT[language]).click()
-                self.expect_end(app, since)
-
-    def test_is_used_with_the_keyboard(self):
-        for language in LOCALES:
-            with self.subTest(language), session(language) as desktop:
-                app, _ = self.start(desktop, language)
-                desktop.close_window()
-                self.wait_unseen(app)
-                panel = self.open_panel(desktop, app)
-                stops = []
-                for key in ("Tab", "Tab", "shift+Tab"):
-                    desktop.key(key)
-                    before = stops[-1:]
-                    wait_for("the next button",
-                             lambda: [panel.focused_button()] not in ([None], before))
-                    stops.append(panel.focused_button())
-                self.assertEqual(stops, [OPEN[language], QUIT[language], OPEN[language]])
-                desktop.key("Return")
-                app.wait_window(TITLES[language])
-                panel.wait_closed()
-
-                panel = self.open_panel(desktop, app)
-                desktop.key("ctrl+h")
-                self.wait_unseen(app)
-
-                panel = self.open_panel(desktop, app)
-                desktop.key("Tab", "Tab")
-                wait_for("the last button", lambda: panel.focused_button() == QUIT[language])
-                since = time.monotonic()
-                desktop.key("Return")
-                self.expect_end(app, since)
-
-    def test_closes_on_a_click_elsewhere(self):
-        with session("en") as desktop:
-            app, window = self.start(desktop, "en")
-            other = desktop.spawn("other", ["/usr/bin/python3", "-c", OTHER_WINDOW])
-            wait_for("another program's window", lambda: desktop.active_window() == "Other")
-            place, = desktop.windows(other.pid).values()
-            for x, y in ((place[1] + 30, place[2] + 30), (640, 200), (10, 890)):
-                panel = self.open_panel(desktop, app)
-                desktop.click(x, y)
-                panel.wait_closed()
-            # A press on its item closes it, too, and does not open it anew.
-            panel = self.open_panel(desktop, app)
-            desktop.tray.wait().click()
-            panel.wait_closed()
-            self.end(desktop, app, "en")
-
-    def test_keeps_the_keyboard_that_nobody_clicked_for(self):
-        """A window manager may take it from a new window while it tidies up after an old one."""
-        with session("en") as desktop:
-            app, _ = self.start(desktop, "en")
-            item = desktop.tray.wait()
-            managers, = [number for number, window in desktop.windows().items()
-                         if window[0] == "Openbox"]
-            for _ in range(20):
-                since = time.monotonic()
-                item.click()
-                wait_for("the panel", lambda: desktop.active_window() == "Tovarin", every=0.01)
-                desktop.xdotool("windowfocus", managers)
-                # Later it is taken for the user's wish.
-                if time.monotonic() - since < 0.4:
-                    break
-                app.gone("dialog", "Tovarin")
-            else:
-                self.fail("The machine is too busy for this.")
-            panel = Panel(app)
-
-            def reach_a_button():
-                desktop.key("Tab")
-                return panel.focused_button()
-
-            wait_for("the keyboard to be back", reach_a_button)
-            desktop.key("Escape")
-            panel.wait_closed()
-            self.end(desktop, app, "en")
-
-    def test_shows_what_is_true_at_its_opening(self):
-        with session("en") as desktop:
-            app, window = self.start(desktop, "en")
-            panel = self.open_panel(desktop, app)
-            self.assertEqual(panel.texts(), EMPTY_PANEL_TEXTS["en"])
-            desktop.key("Escape")
-            panel.wait_closed()
-            second = desktop.start([PROGRAM, os.path.join(BILLS, "clean/message-1x.png")])
-            self.assertEqual(second.wait(), 0)
-            app.find("push button", "Save", timeout=30).click()
-            wait_for("the bill in the list", lambda: window.count() == 1)
-            panel = self.open_panel(desktop, app)
-            self.assertEqual(panel.texts()[2:4], ["$7.64", "≈$91.67/yr · 1 active"])
-            desktop.key("Escape")
-            panel.wait_closed()
-            self.end(desktop, app, "en")
-
-
 class Comings(Shell):
     """How the window goes and comes back."""
 
     def start_again(self, desktop, *arguments):
         """A second start, which leaves everything to the first."""
-        second = desktop.start([PROGRAM, *arguments])
+        second = desktop.start([self.program, *arguments])
         self.assertEqual(second.wait(MOST_SECONDS_TO_QUIT), 0)
         self.assertEqual(second.log(), "")
 
@@ -362,7 +135,7 @@ class Comings(Shell):
 
     def test_two_starts_in_one_moment_are_one_program(self):
         with session("en") as desktop:
-            both = [desktop.start([PROGRAM]) for _ in range(2)]
+            both = [desktop.start([self.program]) for _ in range(2)]
             wait_for("one of them to end", lambda: [a for a in both if not a.running()], 15)
             second, = [app for app in both if not app.running()]
             app, = [app for app in both if app.running()]
@@ -374,7 +147,7 @@ class Comings(Shell):
     def test_without_a_bus_a_second_start_says_why_it_ends(self):
         with session("en", a11y=False, tray="none") as desktop:
             command = ["env", "-u", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR=" + desktop.home,
-                       PROGRAM]
+                       self.program]
             app = desktop.start(command)
             wait_for("the window", lambda: desktop.active_window() == TITLES["en"], 15)
             second = desktop.start(command)
@@ -431,8 +204,8 @@ class Ends(Shell):
     def test_while_the_file_dialog_is_open(self):
         with session("en") as desktop:
             app, window = self.start(desktop, "en")
-            window.frame.find("push button", SCAN).click()
-            app.find("dialog", CHOOSE)
+            window.frame.find("push button", SCAN["en"]).click()
+            app.find("dialog", CHOOSE["en"])
             panel = self.open_panel(desktop, app)
             since = time.monotonic()
             panel.button(QUIT["en"]).click()
@@ -444,7 +217,7 @@ class Ends(Shell):
             for number in range(30):
                 bills.append(os.path.join(desktop.home, f"bill {number}.png"))
                 shutil.copyfile(os.path.join(BILLS, "clean/purchase-history-2x.png"), bills[-1])
-            app = desktop.start([PROGRAM, *bills])
+            app = desktop.start([self.program, *bills])
             window = MainWindow(app, "en")
             app.wait_window(TITLES["en"])
             window.frame.find("push button", re.compile("^Scanning [0-9]/30$"), timeout=20)
@@ -478,7 +251,7 @@ class Trays(Shell):
             app, _ = self.start(desktop, "en")
             desktop.close_window()
             self.wait_unseen(app)
-            second = desktop.start([PROGRAM])
+            second = desktop.start([self.program])
             self.assertEqual(second.wait(), 0)
             app.wait_window(TITLES["en"])
             desktop.tray = Tray(desktop)
@@ -525,7 +298,7 @@ class Rest(Shell):
 
     def test_wakes_for_nothing(self):
         with session("en", lambda s: install(s, SAMPLE), clock=None, a11y=False) as desktop:
-            app = desktop.start([PROGRAM])
+            app = desktop.start([self.program])
             wait_for("the window", lambda: desktop.active_window() == TITLES["en"], 15)
             desktop.tray.wait()
             before = None
@@ -569,7 +342,7 @@ class Pictures(Shell):
                 for row in panel.dialog.children:
                     if row.role == "list item":
                         self.expect_apart(row.children)
-                picture(desktop, os.path.join(PICTURES, f"panel-long-{language}.png"))
+                self.picture(desktop, f"panel-long-{language}.png")
                 desktop.key("Escape")
                 panel.wait_closed()
                 self.end(desktop, app, language)
@@ -592,13 +365,9 @@ class Pictures(Shell):
                             self.assertEqual(window.frame.rect, (100, 100, 760, 480))
                         else:
                             self.assertEqual(window.frame.rect[2], desktop.size[0])
-                        picture(desktop, os.path.join(PICTURES, f"window-{name}-{language}.png"))
+                        self.picture(desktop, f"window-{name}-{language}.png")
                         self.end(desktop, app, language)
 
 
 if __name__ == "__main__":
-    if len(sys.argv) < 3:
-        sys.exit(__doc__)
-    PROGRAM, PICTURES = map(os.path.abspath, sys.argv[1:3])
-    os.makedirs(PICTURES, exist_ok=True)
-    unittest.main(argv=[sys.argv[0], *sys.argv[3:]], verbosity=2)
+    main(__doc__)
