@@ -18,6 +18,11 @@ const QString emptySheet = u"Sheet { objectName: 'sheet'; label: 'Sheet';"
                            " FocusScope { objectName: 'content'; anchors.fill: parent;"
                            " focus: true } }"_s;
 
+/// "cell3", "row0", but not the "rows" that they stand in.
+bool isCellOrRow(const QString &name) {
+    return (name.startsWith(u"cell"_s) || name.startsWith(u"row"_s)) && name.back().isDigit();
+}
+
 QString roleOf(const QAccessibleInterface &seen) {
     return QString::fromLatin1(QMetaEnum::fromType<QAccessible::Role>().valueToKey(seen.role()));
 }
@@ -86,11 +91,44 @@ void SheetStage::resize(QSize size) {
     takeItsSize();
 }
 
+QQuickItem &SheetStage::inSight(const QString &name) {
+    QQuickItem *const found = itemWith("objectName", name);
+    if (!found)
+        qFatal("there is no %s in sight", qPrintable(name));
+    return *found;
+}
+
+QQuickItem &SheetStage::piece(const QQuickItem &of, const QString &name) {
+    auto *const found = of.findChild<QQuickItem *>(name);
+    if (!found)
+        qFatal("%s has no %s", qPrintable(of.objectName()), qPrintable(name));
+    return *found;
+}
+
+QString SheetStage::place() const {
+    QStringList names;
+    for (const QQuickItem *at = window().activeFocusItem(); at; at = at->parentItem()) {
+        const QString name = at->objectName();
+        if (isCellOrRow(name))
+            return name + u' ' + names.value(0);
+        if (!name.isEmpty())
+            names.append(name);
+    }
+    return names.value(0);
+}
+
 bool SheetStage::tabTo(const QString &name) {
     constexpr int more = 60;
     for (int i = 0; i < more && focused() != name; ++i)
         press(Qt::Key_Tab);
     return focused() == name;
+}
+
+void SheetStage::retype(QQuickItem &field, const QString &text) {
+    click(field);
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_Backspace);
+    type(text);
 }
 
 QStringList SheetStage::told() {

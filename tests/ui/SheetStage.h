@@ -22,8 +22,18 @@ public:
     /// Another size of the window.
     void resize(QSize size);
 
+    /// What has this name and is in sight, which it is.
+    QQuickItem &inSight(const QString &name);
+    /// A piece of an item, by its name: the "amount" of a row. It has one.
+    static QQuickItem &piece(const QQuickItem &of, const QString &name);
+
+    /// Where the keyboard is: "skip", or in a cell or a row "cell3 button", "row0 amount".
+    QString place() const;
     /// Presses Tab until the keyboard is there; false if it never is.
     bool tabTo(const QString &name);
+
+    /// Puts another text into a field.
+    void retype(QQuickItem &field, const QString &text);
 
     /// Where an item begins and ends on the window.
     static qreal top(const QQuickItem &item) { return item.mapToScene({0, 0}).y(); }

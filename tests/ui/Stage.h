@@ -25,6 +25,7 @@ public:
     ~Stage();
 
     QQuickWindow &window() { return m_window; }
+    const QQuickWindow &window() const { return m_window; }
     QQmlEngine &engine() { return m_engine; }
 
     /// The object of this name, which is there.
