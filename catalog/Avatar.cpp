@@ -3,20 +3,13 @@
 
 #include "catalog/Avatar.h"
 
+#include "model/Blanks.h"
+
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
 
 namespace tovarin {
-
-namespace {
-
-/// Line breaks do not count.
-bool isBlank(QChar character) {
-    return character == u'\t' || character.category() == QChar::Separator_Space;
-}
-
-} // namespace
 
 QString avatarLetter(const QString &name) {
     const auto *const start = std::ranges::find_if_not(name, isBlank);

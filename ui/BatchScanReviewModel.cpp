@@ -4,8 +4,8 @@
 #include "ui/BatchScanReviewModel.h"
 
 #include "app/LocalizationManager.h"
+#include "model/Blanks.h"
 #include "model/Store.h"
-#include "ui/Blanks.h"
 
 using namespace Qt::Literals::StringLiterals;
 

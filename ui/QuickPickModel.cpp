@@ -5,10 +5,10 @@
 
 #include "app/LocalizationManager.h"
 #include "catalog/ServiceCatalog.h"
+#include "model/Blanks.h"
 #include "model/Format.h"
 #include "model/Store.h"
 #include "platform/UserDefaults.h"
-#include "ui/Blanks.h"
 
 #include <QSet>
 

@@ -4,12 +4,12 @@
 #include "ui/SubscriptionEditModel.h"
 
 #include "app/LocalizationManager.h"
+#include "model/Blanks.h"
 #include "model/CurrencyRates.h"
 #include "model/Format.h"
 #include "model/Store.h"
 #include "platform/UserCalendar.h"
 #include "ui/AmountText.h"
-#include "ui/Blanks.h"
 #include "ui/DisplayDate.h"
 
 #include <algorithm>

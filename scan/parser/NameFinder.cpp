@@ -3,6 +3,7 @@
 
 #include "scan/parser/NameFinder.h"
 
+#include "model/Blanks.h"
 #include "scan/parser/Expression.h"
 #include "scan/parser/Graphemes.h"
 #include "scan/parser/NoiseLines.h"
@@ -34,10 +35,6 @@ constexpr int firstLines = 5;
 constexpr int shortest = 2;
 constexpr int longest = 30;
 constexpr int longestUnscored = 24;
-
-bool isBlank(QChar c) {
-    return c == u'\t' || c.category() == QChar::Separator_Space;
-}
 
 bool isSeparator(QChar c) {
     return QStringView(u" ,，·-—:：").contains(c);

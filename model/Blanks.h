@@ -7,8 +7,10 @@
 
 namespace tovarin {
 
-/// A text without the blanks at its ends: the space characters of every script and the tab. Line
-/// breaks are none.
+/// The space characters of every script and the tab. Line breaks are none.
+bool isBlank(QChar character);
+
+/// A text without the blanks at its ends.
 QString withoutBlanksAround(const QString &text);
 
 } // namespace tovarin

@@ -1,19 +1,15 @@
 // SPDX-FileCopyrightText: The Tovarin developers
 // SPDX-License-Identifier: MIT
 
-#include "ui/Blanks.h"
+#include "model/Blanks.h"
 
 #include <algorithm>
 
 namespace tovarin {
 
-namespace {
-
-bool isBlank(QChar c) {
-    return c == u'\t' || c.category() == QChar::Separator_Space;
+bool isBlank(QChar character) {
+    return character == u'\t' || character.category() == QChar::Separator_Space;
 }
-
-} // namespace
 
 QString withoutBlanksAround(const QString &text) {
     const auto *const begin = std::ranges::find_if_not(text, isBlank);
