@@ -3,6 +3,8 @@
 
 #include "notifier/DesktopNotifications.h"
 
+#include "platform/BusErrors.h"
+
 #include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -60,17 +62,6 @@ bool isAbsence(const QDBusError &error) {
     switch (error.type()) {
     case QDBusError::ServiceUnknown:
     case QDBusError::Disconnected:
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool isSilence(const QDBusError &error) {
-    switch (error.type()) {
-    case QDBusError::NoReply:
-    case QDBusError::Timeout:
-    case QDBusError::TimedOut:
         return true;
     default:
         return false;

@@ -4,11 +4,11 @@
 #include "platform/SingleInstance.h"
 
 #include "platform/ApplicationSupport.h"
+#include "platform/BusErrors.h"
 
 #include <QDBusAbstractAdaptor>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
-#include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusReply>
 #include <QDeadlineTimer>
@@ -98,17 +98,6 @@ QDBusMessage request(const QString &owner, const QList<QUrl> &files, const QVari
     return message;
 }
 
-bool isSilence(const QDBusMessage &answer) {
-    switch (QDBusError(answer).type()) {
-    case QDBusError::NoReply:
-    case QDBusError::Timeout:
-    case QDBusError::TimedOut:
-        return true;
-    default:
-        return false;
-    }
-}
-
 /// The interface under which the desktop knows an application. Its names are the interface's own.
 class ApplicationInterface final : public QDBusAbstractAdaptor {
     Q_OBJECT
@@ -192,7 +181,7 @@ SingleInstance::Outcome SingleInstance::claim(const QList<QUrl> &files) {
             return Outcome::handedOver;
         }
         if (daemon->serviceOwner(applicationId).value() == owner.value())
-            return refuse(isSilence(answer)
+            return refuse(isSilence(QDBusError(answer))
                               ? u"Tovarin is running, but does not answer."_s
                               : u"Tovarin is running, but cannot be brought to the front."_s);
     } while (!deadline.hasExpired());
