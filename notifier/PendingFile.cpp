@@ -94,7 +94,7 @@ QSet<quint64> postedSerials(const QByteArray &lines) {
 
 } // namespace
 
-PendingFile::PendingFile(QString folder)
+PendingFile::PendingFile(const QString &folder)
     : m_path(folder + u"/notifications.json"_s), m_postedPath(folder + u"/notifications.posted"_s) {
     QDir().mkpath(folder);
 }

@@ -42,7 +42,7 @@ struct PendingEntry {
 class PendingFile {
 public:
     /// Makes the folder if it is missing.
-    explicit PendingFile(QString folder);
+    explicit PendingFile(const QString &folder);
 
     /// What is there and was not posted. To be called once, before everything else.
     QList<PendingEntry> load();
