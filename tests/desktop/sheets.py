@@ -95,12 +95,15 @@ class SheetTest(ProgramTest):
 
     def expect_stops_in_sight(self, desktop, app, sheet, count):
         """Tab goes round as many elements of the sheet, each of which can be seen then."""
-        stops = []
+        stops, stop = [], app.focused()
         while len(stops) < 2 or stops[-1] != stops[0]:
-            before = app.focused()
+            before = stop
             desktop.key("Tab")
-            wait_for("the next stop", lambda: app.focused() not in (before, None))
-            stop = app.focused()
+
+            def after():
+                found = app.focused()
+                return found not in (before, None) and found
+            stop = wait_for("the next stop", after)
             self.assertIn(stop.role, ACTIONS, stop)
             self.assertNotEqual(stop.name, "", stop)
             self.assertIn(sheet.dialog, list(stop._up()), stop)
