@@ -19,7 +19,9 @@ constexpr qint64 mostPixels = 4096 * 4096;
 QImage loaded(const QString &path) {
     if (path.isEmpty())
         return {};
-    QImageReader reader(path);
+    // Told what it is, Qt does not load a plugin for each format there is, just to ask it.
+    QImageReader reader(path, "png");
+    reader.setAutoDetectImageFormat(false);
     const QSize size = reader.size();
     if (qint64(size.width()) * size.height() > mostPixels)
         return {};

@@ -5,6 +5,7 @@
 
 #include "ui/SymbolProvider.h"
 
+#include <QImageReader>
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -32,8 +33,12 @@ QImage drawn(QSvgRenderer &svg, int size) {
 
 QImage BrandAssets::markImage() const {
     if (m_mark.isNull()) {
-        if (const QString path = m_bundle.path(u"BrandMark"_s, u"png"_s); !path.isEmpty())
-            m_mark.load(path);
+        if (const QString path = m_bundle.path(u"BrandMark"_s, u"png"_s); !path.isEmpty()) {
+            // Told what it is, Qt does not load a plugin for each format there is, just to ask it.
+            QImageReader reader(path, "png");
+            reader.setAutoDetectImageFormat(false);
+            m_mark = reader.read();
+        }
     }
     return m_mark;
 }

@@ -48,7 +48,7 @@ protected:
 
 TEST(BrandAssets, HaveTheMark) {
     const QImage mark = BrandAssets(Bundle(u":/resources"_s)).markImage();
-    EXPECT_EQ(mark.size(), QSize(512, 512));
+    EXPECT_EQ(mark.size(), QSize(128, 128));
 }
 
 TEST(BrandAssets, AreSeenOnEveryPanel) {
