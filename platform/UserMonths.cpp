@@ -67,8 +67,7 @@ struct UserMonths::Rules {
     QStringList weekdayNames;
 };
 
-UserMonths::UserMonths(const QString &locale)
-    : m_rules(std::make_unique<Rules>(localeOf(locale))) {}
+UserMonths::UserMonths(const QString &locale) : m_locale(locale) {}
 UserMonths::UserMonths(UserMonths &&) noexcept = default;
 UserMonths &UserMonths::operator=(UserMonths &&) noexcept = default;
 UserMonths::~UserMonths() = default;
@@ -77,9 +76,16 @@ UserMonths UserMonths::current(const Environment &environment) {
     return UserMonths(localeName(environment, "LC_TIME"));
 }
 
+const UserMonths::Rules &UserMonths::rules() const {
+    // ICU takes a while to read them, and the program's start needs none.
+    if (!m_rules)
+        m_rules = std::make_unique<const Rules>(localeOf(m_locale));
+    return *m_rules;
+}
+
 std::optional<CivilDay> UserMonths::start(CivilDay day) const {
     UErrorCode status = U_ZERO_ERROR;
-    icu::Calendar &calendar = *m_rules->calendar;
+    icu::Calendar &calendar = *rules().calendar;
     calendar.setTime(toICU(day), status);
     calendar.set(UCAL_DATE, 1);
     const UDate first = calendar.getTime(status);
@@ -90,7 +96,7 @@ std::optional<CivilDay> UserMonths::start(CivilDay day) const {
 
 std::optional<int> UserMonths::dayOfMonth(CivilDay day) const {
     UErrorCode status = U_ZERO_ERROR;
-    icu::Calendar &calendar = *m_rules->calendar;
+    icu::Calendar &calendar = *rules().calendar;
     calendar.setTime(toICU(day), status);
     const int number = calendar.get(UCAL_DATE, status);
     return U_SUCCESS(status) ? std::optional(number) : std::nullopt;
@@ -101,21 +107,21 @@ UserMonths::Weekday UserMonths::weekday(CivilDay day) {
 }
 
 UserMonths::Weekday UserMonths::firstWeekday() const {
-    return m_rules->calendar->getFirstDayOfWeek();
+    return rules().calendar->getFirstDayOfWeek();
 }
 
 QStringList UserMonths::weekdayNames() const {
-    return m_rules->weekdayNames;
+    return rules().weekdayNames;
 }
 
 QString UserMonths::title(CivilDay day) const {
     icu::UnicodeString text;
-    return fromICU(m_rules->titles->format(toICU(day), text));
+    return fromICU(rules().titles->format(toICU(day), text));
 }
 
 QString UserMonths::fullDate(CivilDay day) const {
     icu::UnicodeString text;
-    return fromICU(m_rules->fullDates->format(toICU(day), text));
+    return fromICU(rules().fullDates->format(toICU(day), text));
 }
 
 } // namespace tovarin

@@ -58,7 +58,10 @@ public:
 private:
     struct Rules;
 
-    std::unique_ptr<Rules> m_rules;
+    const Rules &rules() const;
+
+    QString m_locale;
+    mutable std::unique_ptr<const Rules> m_rules; ///< Once something was asked.
 };
 
 } // namespace tovarin
