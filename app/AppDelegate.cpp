@@ -12,7 +12,6 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QQmlComponent>
 #include <QQuickItem>
 #include <QQuickView>
 #include <QQuickWindow>
@@ -20,6 +19,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
@@ -27,6 +27,9 @@ using namespace std::chrono_literals;
 namespace tovarin {
 
 namespace {
+
+// The window comes first: of a long list, the reminders take as long to plan as it takes to draw.
+constexpr auto planningDelay = 100ms;
 
 // The press that takes the keyboard from the panel may be the one on its own item, which is meant
 // to close it and not to open it anew. It is when the item is triggered soon and where the press
@@ -38,6 +41,16 @@ constexpr int samePlace = 8;
 // again, while it looks for a window to give it to. Nobody has clicked elsewhere then: the pointer
 // is still where it opened the panel.
 constexpr auto settling = 500ms;
+
+QUrl mainScreen() {
+    return QUrl(u"qrc:/Tovarin/Main.qml"_s);
+}
+
+/// What the main window is made of: a thread of the engine loads it while the list is read.
+std::unique_ptr<QQmlComponent> startLoading(QQmlEngine &engine) {
+    engine.addImportPath(u"qrc:/"_s);
+    return std::make_unique<QQmlComponent>(&engine, mainScreen(), QQmlComponent::Asynchronous);
+}
 
 /// Puts the layer of sheets and menus behind everything else in the order of the window's items,
 /// by which a screen reader decides what is on top. It is drawn on top in any case.
@@ -74,6 +87,7 @@ QScreen *screenOf(const QRect &item, QPoint pointer) {
 
 AppDelegate::AppDelegate(const Surroundings &surroundings)
     : m_loc(surroundings.loc)
+    , m_screens(startLoading(m_engine))
     , m_bundle(u":/resources"_s)
     , m_logos(m_bundle)
     , m_brand(m_bundle)
@@ -86,8 +100,8 @@ AppDelegate::AppDelegate(const Surroundings &surroundings)
     , m_menu(surroundings.loc.isZh())
     , m_defaults(surroundings.defaults)
     , m_notifications(surroundings.notifications)
-    , m_bus(surroundings.bus) {
-    m_engine.addImportPath(u"qrc:/"_s);
+    , m_bus(surroundings.bus)
+    , m_delay(surroundings.delay) {
     addImageProviders(m_engine, m_bundle, m_brand, m_logos);
     connect(&m_bills, &BillScanModel::draftsFound, &m_sheets, &ContentSheets::take);
     connect(&m_sheets, &ContentSheets::remindDaysBeforeChanged, this,
@@ -101,6 +115,8 @@ AppDelegate::AppDelegate(const Surroundings &surroundings)
 }
 
 AppDelegate::~AppDelegate() {
+    if (m_isToPlan)
+        rescheduleReminders();
     delete m_closedPopover;
 }
 
@@ -110,7 +126,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     showMainWindow();
     setupStatusItem();
     m_notifications.requestAuthorization();
-    rescheduleReminders();
+    planReminders();
     m_store.observe(this, [this](const QList<Subscription> &) { updateStatusTitle(); });
 }
 
@@ -220,7 +236,7 @@ bool AppDelegate::eventFilter(QObject *watched, QEvent *event) {
 
 void AppDelegate::setupStatusItem() {
     m_statusItem = std::make_unique<StatusItem>(m_bus);
-    m_statusItem->setIcon(m_brand.panelIcon());
+    m_statusItem->setIcon([this] { return m_brand.panelIcon(); });
     connect(m_statusItem.get(), &StatusItem::triggered, this, &AppDelegate::togglePopover);
     updateStatusTitle();
 }
@@ -234,7 +250,9 @@ void AppDelegate::updateStatusTitle() {
 }
 
 void AppDelegate::makeWindow() {
-    QQmlComponent component(&m_engine, QUrl(u"qrc:/Tovarin/Main.qml"_s));
+    // Waits for what is still to be loaded.
+    QQmlComponent component(&m_engine, mainScreen());
+    m_screens.reset();
     QObject *const object =
         component.createWithInitialProperties({{u"content"_s, QVariant::fromValue(&m_content)},
                                                {u"bills"_s, QVariant::fromValue(&m_bills)},
@@ -248,11 +266,21 @@ void AppDelegate::makeWindow() {
 
 void AppDelegate::windowDidAppear() {
     m_notifications.requestAuthorization();
-    rescheduleReminders();
+    planReminders();
     connect(&m_store, &Store::subscriptionsDidChange, this, &AppDelegate::rescheduleReminders);
 }
 
+void AppDelegate::planReminders() {
+    if (std::exchange(m_isToPlan, true))
+        return;
+    m_delay(planningDelay, this, [this] {
+        if (m_isToPlan)
+            rescheduleReminders();
+    });
+}
+
 void AppDelegate::rescheduleReminders() {
+    m_isToPlan = false;
     m_notifications.reschedule(m_store.subscriptions(),
                                SettingsModel::storedRemindDaysBefore(m_defaults));
 }

@@ -27,8 +27,8 @@
 #include <QUrl>
 
 #include <memory>
-#include <optional>
 
+class QQmlComponent;
 class QQuickView;
 class QQuickWindow;
 
@@ -110,10 +110,14 @@ private:
     void updateStatusTitle();
     void makeWindow();
     void windowDidAppear();
+    /// Reschedules them soon, once for the window that appears and for the start.
+    void planReminders();
     void rescheduleReminders();
     void noticePopoverFocus();
 
     LocalizationManager &m_loc;
+    QQmlEngine m_engine;
+    std::unique_ptr<QQmlComponent> m_screens; ///< Until the window is made.
     Bundle m_bundle;
     ServiceLogo m_logos;
     BrandAssets m_brand;
@@ -127,7 +131,8 @@ private:
     UserDefaults &m_defaults;
     NotificationManager &m_notifications;
     QDBusConnection m_bus;
-    QQmlEngine m_engine;
+    Delay m_delay;
+    bool m_isToPlan = false; ///< The reminders, in a moment.
     std::unique_ptr<QQuickWindow> m_window;
     std::unique_ptr<WindowFrame> m_frame;
     std::unique_ptr<StatusItem> m_statusItem;

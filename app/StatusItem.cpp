@@ -17,10 +17,10 @@ StatusItem::StatusItem(const QDBusConnection &bus, QObject *parent) : QObject(pa
 
 StatusItem::~StatusItem() = default;
 
-void StatusItem::setIcon(const QIcon &icon) {
-    m_icon = icon;
+void StatusItem::setIcon(Drawing icon) {
+    m_icon = std::move(icon);
     if (m_item)
-        m_item->setIcon(m_icon);
+        m_item->setIcon(m_icon());
     else
         makeItem();
 }
@@ -36,9 +36,9 @@ QRect StatusItem::geometry() const {
 }
 
 void StatusItem::makeItem() {
-    if (m_item || !m_hasTray || m_icon.isNull())
+    if (m_item || !m_hasTray || !m_icon)
         return;
-    m_item = std::make_unique<QSystemTrayIcon>(m_icon);
+    m_item = std::make_unique<QSystemTrayIcon>(m_icon());
     m_item->setToolTip(m_toolTip);
     // Whatever the reason: a second press within the time of a double click is a press of its own.
     connect(m_item.get(), &QSystemTrayIcon::activated, this,

@@ -11,6 +11,7 @@
 #include <QRect>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class QSystemTrayIcon;
@@ -35,8 +36,11 @@ public:
                         QObject *parent = nullptr);
     ~StatusItem() override;
 
-    /// An icon with several sizes looks sharp in every tray. Before the first one there is no item.
-    void setIcon(const QIcon &icon);
+    /// Draws the item's icon, in several sizes so that it looks sharp in every tray.
+    using Drawing = std::function<QIcon()>;
+
+    /// The drawing is made when there is a tray to show it. Before the first one there is no item.
+    void setIcon(Drawing icon);
 
     void setToolTip(const QString &text);
 
@@ -55,7 +59,7 @@ private:
 
     TrayHost m_host;
     bool m_hasTray = false;
-    QIcon m_icon;
+    Drawing m_icon;
     QString m_toolTip;
     std::unique_ptr<QSystemTrayIcon> m_item;
 };

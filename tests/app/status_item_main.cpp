@@ -29,7 +29,7 @@ void obey(tovarin::StatusItem &item, const QString &line) {
     const QString verb = line.section(u' ', 0, 0);
     const QString text = line.section(u' ', 1);
     if (verb == u"icon"_s) {
-        item.setIcon(plainIcon(text));
+        item.setIcon([text] { return plainIcon(text); });
     } else if (verb == u"tooltip"_s) {
         item.setToolTip(text);
     } else if (verb == u"geometry"_s) {
