@@ -15,10 +15,8 @@ MenuBar {
     property var editor: null
 
     // The keyboard itself will be in the menu, and with it would go the selection.
-    function remember() {
-        editor = Window.activeFocusItem;
-        if (editor && editor.selectAll === undefined)
-            editor = null;
+    function remember(item: var) {
+        editor = item && item.selectAll !== undefined ? item : null;
         if (editor)
             editor.persistentSelection = true;
     }
@@ -32,49 +30,84 @@ MenuBar {
         Qt.callLater(() => editor = null);
     }
 
+    onBeforeChanged: {
+        if (before)
+            remember(before);
+        else
+            giveBack();
+    }
+
+    // Bound components cannot be made from others in Qt 6.4.
+    // qmllint disable unqualified
     Menu {
         title: "Tovarin"
-
-        Action {
-            text: root.isZh ? "隐藏 Tovarin" : "Hide Tovarin"
-            shortcut: "Ctrl+H"
-            onTriggered: root.menu.hide()
-        }
-        MenuSeparator {}
-        Action {
-            text: root.isZh ? "退出 Tovarin" : "Quit Tovarin"
-            shortcut: "Ctrl+Q"
-            onTriggered: root.menu.quit()
+        lines: Component {
+            MenuLines {
+                MenuItem {
+                    text: root.isZh ? "隐藏 Tovarin" : "Hide Tovarin"
+                    keys: hide.sequence
+                    onTriggered: root.menu.hide()
+                }
+                MenuSeparator {}
+                MenuItem {
+                    text: root.isZh ? "退出 Tovarin" : "Quit Tovarin"
+                    keys: quit.sequence
+                    onTriggered: root.menu.quit()
+                }
+            }
         }
     }
+    // The fields know these keys themselves.
     Menu {
         title: root.isZh ? "编辑" : "Edit"
-        onAboutToShow: root.remember()
-        onClosed: root.giveBack()
+        onAboutToShow: {
+            if (!root.before)
+                root.remember(root.Window.activeFocusItem);
+        }
+        onClosed: {
+            if (!root.before)
+                root.giveBack();
+        }
+        lines: Component {
+            MenuLines {
+                MenuItem {
+                    text: root.isZh ? "剪切" : "Cut"
+                    keys: "Ctrl+X"
+                    enabled: root.editor !== null
+                    onTriggered: root.editor.cut()
+                }
+                MenuItem {
+                    text: root.isZh ? "拷贝" : "Copy"
+                    keys: "Ctrl+C"
+                    enabled: root.editor !== null
+                    onTriggered: root.editor.copy()
+                }
+                MenuItem {
+                    text: root.isZh ? "粘贴" : "Paste"
+                    keys: "Ctrl+V"
+                    enabled: root.editor !== null
+                    onTriggered: root.editor.paste()
+                }
+                MenuItem {
+                    text: root.isZh ? "全选" : "Select All"
+                    keys: "Ctrl+A"
+                    enabled: root.editor !== null
+                    onTriggered: root.editor.selectAll()
+                }
+            }
+        }
+    }
+    // qmllint enable unqualified
+    Shortcut {
+        id: hide
 
-        Action {
-            text: root.isZh ? "剪切" : "Cut"
-            shortcut: "Ctrl+X"
-            enabled: root.editor !== null
-            onTriggered: root.editor.cut()
-        }
-        Action {
-            text: root.isZh ? "拷贝" : "Copy"
-            shortcut: "Ctrl+C"
-            enabled: root.editor !== null
-            onTriggered: root.editor.copy()
-        }
-        Action {
-            text: root.isZh ? "粘贴" : "Paste"
-            shortcut: "Ctrl+V"
-            enabled: root.editor !== null
-            onTriggered: root.editor.paste()
-        }
-        Action {
-            text: root.isZh ? "全选" : "Select All"
-            shortcut: "Ctrl+A"
-            enabled: root.editor !== null
-            onTriggered: root.editor.selectAll()
-        }
+        sequence: "Ctrl+H"
+        onActivated: root.menu.hide()
+    }
+    Shortcut {
+        id: quit
+
+        sequence: "Ctrl+Q"
+        onActivated: root.menu.quit()
     }
 }

@@ -261,18 +261,18 @@ Rectangle {
                 Menu {
                     id: menu
 
-                    Action {
+                    MenuItem {
                         text: root.isZh ? "隐藏 Tovarin" : "Hide Tovarin"
-                        shortcut: "Ctrl+H"
+                        keys: "Ctrl+H"
                     }
                     MenuSeparator {}
-                    Action {
+                    MenuItem {
                         text: root.isZh ? "剪切" : "Cut"
                         enabled: false
                     }
-                    Action {
+                    MenuItem {
                         text: root.isZh ? "退出 Tovarin" : "Quit Tovarin"
-                        shortcut: "Ctrl+Q"
+                        keys: "Ctrl+Q"
                     }
                 }
             }

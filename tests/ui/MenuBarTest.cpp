@@ -75,6 +75,57 @@ TEST_P(MainMenuBar, HidesAndQuitsByKeys) {
     EXPECT_EQ(quit.size(), 1);
 }
 
+TEST_P(MainMenuBar, IsOpenedAndWalkedByKeys) {
+    const QString hideText = pair(u"隐藏 Tovarin"_s, u"Hide Tovarin"_s);
+    const QString pasteText = pair(u"粘贴"_s, u"Paste"_s);
+    const auto isInSight = [this](const QString &text) {
+        return QTest::qWaitFor([&] { return stage.itemWith("text", text) != nullptr; });
+    };
+    const auto isGone = [this](const QString &text) {
+        return QTest::qWaitFor([&] { return !stage.itemWith("text", text); });
+    };
+    QGuiApplication::clipboard()->setText(u"brought"_s);
+    stage.click(stage.item("field"));
+    stage.press(Qt::Key_F10);
+    ASSERT_TRUE(isInSight(hideText));
+    stage.settle();
+    stage.press(Qt::Key_Right);
+    ASSERT_TRUE(isInSight(pasteText));
+    ASSERT_TRUE(isGone(hideText));
+    stage.press(Qt::Key_Left);
+    ASSERT_TRUE(isInSight(hideText));
+    stage.press(Qt::Key_Escape);
+    ASSERT_TRUE(isGone(hideText));
+    EXPECT_EQ(stage.focused(), u"field"_s);
+    EXPECT_EQ(hide.size(), 0);
+
+    // What is selected in the field stays so, and can be edited from here.
+    stage.type(u"selected"_s);
+    stage.press(Qt::Key_A, Qt::ControlModifier);
+    stage.press(Qt::Key_F10);
+    ASSERT_TRUE(isInSight(hideText));
+    stage.settle();
+    stage.press(Qt::Key_Right);
+    ASSERT_TRUE(isInSight(pasteText));
+    stage.settle();
+    stage.press(Qt::Key_Down);
+    stage.press(Qt::Key_Return);
+    ASSERT_TRUE(isGone(pasteText));
+    EXPECT_EQ(stage.focused(), u"field"_s);
+    EXPECT_EQ(stage.value("field", "text"), QString());
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"selected"_s);
+
+    // The first line is chosen already.
+    stage.press(Qt::Key_F10);
+    ASSERT_TRUE(isInSight(hideText));
+    stage.settle();
+    stage.press(Qt::Key_Return);
+    EXPECT_EQ(hide.size(), 1);
+    EXPECT_EQ(quit.size(), 0);
+    ASSERT_TRUE(isGone(hideText));
+    EXPECT_EQ(stage.focused(), u"field"_s);
+}
+
 TEST_P(MainMenuBar, EditsTheFieldThatTheKeyboardIsAt) {
     const QString edit = pair(u"编辑"_s, u"Edit"_s);
     const auto choose = [&](const QString &text) {

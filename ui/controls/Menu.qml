@@ -9,6 +9,19 @@ import Tovarin
 T.Menu {
     id: root
 
+    // Instead of lines of its own, a component of MenuLines: they are made when the menu is first
+    // opened, since those of a menu bar would cost a start a tenth of its time.
+    property Component lines: null
+
+    onAboutToShow: {
+        if (!lines)
+            return;
+        const made = (lines.createObject(root) as MenuLines).lines;
+        for (let i = 0; i < made.length; ++i)
+            addItem(made[i] as Item);
+        lines = null;
+    }
+
     implicitWidth: Math.max(160, contentItem.implicitWidth + leftPadding + rightPadding)
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
     padding: 5
@@ -16,7 +29,6 @@ T.Menu {
     overlap: 1
     font.family: Theme.fontFamily
     font.pixelSize: 13
-    delegate: MenuItem {}
 
     background: MenuGround {}
     contentItem: ListView {

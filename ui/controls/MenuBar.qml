@@ -13,6 +13,31 @@ T.MenuBar {
     implicitHeight: 32
     leftPadding: Theme.pageMargin - 10
 
+    // Where the keyboard was before F10 took it to the menus; it goes back there when they close.
+    property Item before: null
+
+    function leave() {
+        for (let i = 0; i < count; ++i) {
+            if (menuAt(i).visible)
+                return;
+        }
+        const item = before;
+        before = null;
+        if (item)
+            item.forceActiveFocus(Qt.PopupFocusReason);
+    }
+
+    // The key that opens the first menu, as on most desktops; the arrow keys go on from there.
+    Shortcut {
+        sequence: "F10"
+        onActivated: {
+            const first = root.itemAt(0) as T.MenuBarItem;
+            root.before = root.Window.activeFocusItem;
+            first.triggered();
+            first.menu.currentIndex = 0;
+        }
+    }
+
     delegate: T.MenuBarItem {
         id: item
 
@@ -23,6 +48,18 @@ T.MenuBar {
         font.family: Theme.fontFamily
         font.pixelSize: 13
         hoverEnabled: enabled
+
+        Connections {
+            target: item.menu
+
+            // Bound components cannot be made from others in Qt 6.4.
+            // qmllint disable unqualified
+            // Perhaps for the one beside it.
+            function onClosed() {
+                Qt.callLater(root.leave);
+            }
+            // qmllint enable unqualified
+        }
 
         Accessible.name: text
         Accessible.onPressAction: {

@@ -10,6 +10,9 @@ import Tovarin
 T.MenuItem {
     id: root
 
+    // The keys that do the same; it does not make them do so.
+    property string keys: ""
+
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: 30
     leftPadding: 10
@@ -20,13 +23,6 @@ T.MenuItem {
     Accessible.name: text
     Accessible.onPressAction: {
         if (enabled)
-            trigger();
-    }
-
-    function trigger() {
-        if (action)
-            action.trigger(root);
-        else
             clicked();
     }
 
@@ -47,7 +43,7 @@ T.MenuItem {
         }
         ThemeText {
             visible: text !== ""
-            text: root.action && root.action.shortcut ? root.action.shortcut : ""
+            text: root.keys
             color: root.highlighted ? Theme.onAccent : Theme.textSecondary
             font.pixelSize: root.font.pixelSize - 1
             Accessible.ignored: true
