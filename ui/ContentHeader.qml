@@ -11,6 +11,7 @@ Column {
     required property ContentModel content
     required property BillScanModel bills
     required property ContentSheets sheets
+    required property bool hasEntries
     // What of this is in sight: where it begins, and how high it is.
     required property real viewTop
     required property real viewHeight
@@ -18,7 +19,7 @@ Column {
     readonly property bool isZh: LocalizationManager.isZh
 
     function takeKeyboard() {
-        empty.takeKeyboard();
+        (empty.item as EmptyState)?.takeKeyboard();
     }
 
     leftPadding: Theme.pageMargin
@@ -31,26 +32,38 @@ Column {
         bills: root.bills
         sheets: root.sheets
     }
-    UpcomingSection {
+    // Bound components cannot be made from others in Qt 6.4.
+    // qmllint disable unqualified
+    Loader {
         width: root.width - 2 * Theme.pageMargin
-        visible: root.content.dueCount > 0
-        charges: root.content.upcoming
-        count: root.content.dueCount
-        viewTop: root.viewTop
-        viewHeight: root.viewHeight
+        visible: active
+        active: root.hasEntries && root.content.dueCount > 0
+        sourceComponent: UpcomingSection {
+            charges: root.content.upcoming
+            count: root.content.dueCount
+            viewTop: root.viewTop - parent.y
+            viewHeight: root.viewHeight
+        }
     }
-    SectionHeader {
+    Loader {
         width: root.width - 2 * Theme.pageMargin
         height: implicitHeight + 10
-        visible: !root.content.isEmpty
-        title: root.isZh ? "全部订阅" : "All subscriptions"
-        note: root.content.count + (root.isZh ? " 项" : " items")
+        visible: active
+        active: root.hasEntries && !root.content.isEmpty
+        sourceComponent: SectionHeader {
+            title: root.isZh ? "全部订阅" : "All subscriptions"
+            note: root.content.count + (root.isZh ? " 项" : " items")
+        }
     }
-    EmptyState {
+    Loader {
         id: empty
 
         width: root.width - 2 * Theme.pageMargin
-        visible: root.content.isEmpty
-        sheets: root.sheets
+        visible: active
+        active: root.hasEntries && root.content.isEmpty
+        sourceComponent: EmptyState {
+            sheets: root.sheets
+        }
     }
+    // qmllint enable unqualified
 }

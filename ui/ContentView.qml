@@ -10,6 +10,8 @@ FocusScope {
     required property ContentModel content
     required property BillScanModel bills
     required property ContentSheets sheets
+    // The entries come a frame after what stands above them, which is in sight so much the sooner.
+    property bool hasEntries: true
 
     readonly property bool isZh: LocalizationManager.isZh
 
@@ -160,26 +162,34 @@ FocusScope {
             content: root.content
             bills: root.bills
             sheets: root.sheets
+            hasEntries: root.hasEntries
             viewTop: list.contentY - y
             viewHeight: list.height
         }
-        delegate: SubscriptionRow {
-            required property string subscriptionID
+        // A model that comes later would take the keyboard to its first row; a delegate does not.
+        delegate: root.hasEntries ? row : null
 
-            width: list.width
-            pressable: true
-            onClicked: {
-                list.shownID = subscriptionID;
-                root.sheets.showDetail(subscriptionID);
+        Component {
+            id: row
+
+            SubscriptionRow {
+                required property string subscriptionID
+
+                width: list.width
+                pressable: true
+                onClicked: {
+                    list.shownID = subscriptionID;
+                    root.sheets.showDetail(subscriptionID);
+                }
+                // Tab reaches the rows once, where the keyboard was last; the arrow keys walk them.
+                activeFocusOnTab: index === Math.max(0, list.currentIndex)
+                onActiveFocusChanged: {
+                    if (activeFocus)
+                        list.currentIndex = index;
+                }
+                Keys.onUpPressed: event => event.accepted = list.reach(index - 1)
+                Keys.onDownPressed: event => event.accepted = list.reach(index + 1)
             }
-            // Tab reaches the rows once, where the keyboard was last; the arrow keys walk them.
-            activeFocusOnTab: index === Math.max(0, list.currentIndex)
-            onActiveFocusChanged: {
-                if (activeFocus)
-                    list.currentIndex = index;
-            }
-            Keys.onUpPressed: event => event.accepted = list.reach(index - 1)
-            Keys.onDownPressed: event => event.accepted = list.reach(index + 1)
         }
         // qmllint enable unqualified
         footer: Item {

@@ -45,7 +45,8 @@ HUDSurface {
                 text: root.content.monthlySpend
                 font.pixelSize: 44
                 font.weight: Font.DemiBold
-                fontSizeMode: Text.HorizontalFit
+                // Without a width yet, it would try the smallest size.
+                fontSizeMode: width > 0 ? Text.HorizontalFit : Text.FixedSize
                 minimumPixelSize: 20
             }
             ThemeText {
@@ -120,14 +121,20 @@ HUDSurface {
                        : root.isZh ? "扫描识别" : "Scan"
                 onClicked: root.bills.pressScan()
             }
-            ThemeText {
+            // Bound components cannot be made from others in Qt 6.4.
+            // qmllint disable unqualified
+            Loader {
                 Layout.fillWidth: true
                 Layout.leftMargin: 4
-                visible: root.bills.foundNothing
-                text: root.isZh ? "没有识别到有效内容" : "Nothing recognized"
-                color: Theme.textSecondary
-                font.pixelSize: 13
+                visible: active
+                active: root.bills.foundNothing
+                sourceComponent: ThemeText {
+                    text: root.isZh ? "没有识别到有效内容" : "Nothing recognized"
+                    color: Theme.textSecondary
+                    font.pixelSize: 13
+                }
             }
+            // qmllint enable unqualified
         }
     }
 }

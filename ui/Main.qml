@@ -14,12 +14,16 @@ Window {
     required property ContentSheets sheets
     required property MainMenu menu
 
+    property bool wasDrawn: false
+
     width: 960
     height: 640
     minimumWidth: 640
     minimumHeight: 420
     color: "#0F0F11"
     title: menu.isZh ? "Tovarin · 订阅管家" : "Tovarin · Subscription Manager"
+
+    onFrameSwapped: wasDrawn = true
 
     MainMenuBar {
         id: menuBar
@@ -37,5 +41,6 @@ Window {
         content: root.content
         bills: root.bills
         sheets: root.sheets
+        hasEntries: root.wasDrawn
     }
 }

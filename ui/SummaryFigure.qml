@@ -26,7 +26,8 @@ Column {
         text: root.figure
         font.pixelSize: 20
         font.weight: Font.DemiBold
-        fontSizeMode: Text.HorizontalFit
+        // Without a width yet, it would try the smallest size.
+        fontSizeMode: width > 0 ? Text.HorizontalFit : Text.FixedSize
         minimumPixelSize: 11
     }
 }

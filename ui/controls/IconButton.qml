@@ -31,8 +31,15 @@ BaseButton {
         }
     }
 
-    ToolTip {
-        text: root.title
-        shown: root.hovered && !root.down || root.visualFocus
+    // Bound components cannot be made from others in Qt 6.4.
+    // qmllint disable unqualified
+    Loader {
+        active: root.hovered || root.visualFocus
+        sourceComponent: ToolTip {
+            parent: root
+            text: root.title
+            shown: root.hovered && !root.down || root.visualFocus
+        }
     }
+    // qmllint enable unqualified
 }
