@@ -17,7 +17,7 @@ void SubscriptionListModel::show(const QList<Subscription> &subs, Instant now) {
         beginResetModel();
     m_subs = subs;
     m_now = now;
-    m_texts.assign(static_cast<std::size_t>(subs.size()), std::nullopt);
+    m_texts.clear();
     if (!isSameLength)
         endResetModel();
     else if (!subs.isEmpty())
@@ -69,10 +69,10 @@ QHash<int, QByteArray> SubscriptionListModel::roleNames() const {
 }
 
 const SubscriptionTexts &SubscriptionListModel::texts(int row) const {
-    std::optional<SubscriptionTexts> &texts = m_texts[static_cast<std::size_t>(row)];
-    if (!texts)
-        texts = subscriptionTexts(m_subs[row], m_now, m_calendar);
-    return *texts;
+    const auto found = m_texts.constFind(row);
+    return found != m_texts.cend()
+               ? *found
+               : *m_texts.insert(row, subscriptionTexts(m_subs[row], m_now, m_calendar));
 }
 
 } // namespace tovarin

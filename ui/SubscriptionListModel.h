@@ -8,10 +8,8 @@
 #include "ui/SubscriptionTexts.h"
 
 #include <QAbstractListModel>
+#include <QHash>
 #include <QtQml/qqmlregistration.h>
-
-#include <optional>
-#include <vector>
 
 namespace tovarin {
 
@@ -55,7 +53,7 @@ private:
     const ServiceLogo &m_logos;
     QList<Subscription> m_subs;
     Instant m_now;
-    mutable std::vector<std::optional<SubscriptionTexts>> m_texts;
+    mutable QHash<int, SubscriptionTexts> m_texts; ///< Of the rows that were asked for.
 };
 
 } // namespace tovarin

@@ -11,30 +11,26 @@ void UpcomingListModel::show(const QList<Store::Upcoming> &upcoming) {
     beginResetModel();
     m_upcoming = upcoming;
     m_texts.clear();
-    m_texts.reserve(upcoming.size());
-    for (const Store::Upcoming &charge : upcoming)
-        m_texts.append(upcomingTexts(charge));
     endResetModel();
 }
 
 int UpcomingListModel::rowCount(const QModelIndex &parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(m_texts.size());
+    return parent.isValid() ? 0 : static_cast<int>(m_upcoming.size());
 }
 
 QVariant UpcomingListModel::data(const QModelIndex &index, int role) const {
     if (!index.isValid())
         return {};
-    const UpcomingTexts &texts = m_texts[index.row()];
     switch (role) {
     case Qt::DisplayRole:
     case NameRole:
-        return texts.name;
+        return texts(index.row()).name;
     case AmountTextRole:
-        return texts.amountText;
+        return texts(index.row()).amountText;
     case DueTextRole:
-        return texts.dueText;
+        return texts(index.row()).dueText;
     case IsTodayRole:
-        return texts.isToday;
+        return texts(index.row()).isToday;
     case LogoIDRole:
         return m_logos.presetID(m_upcoming[index.row()].sub);
     case AvatarLetterRole:
@@ -48,6 +44,11 @@ QHash<int, QByteArray> UpcomingListModel::roleNames() const {
     return {{NameRole, "name"},       {AmountTextRole, "amountText"},
             {DueTextRole, "dueText"}, {IsTodayRole, "isToday"},
             {LogoIDRole, "logoID"},   {AvatarLetterRole, "avatarLetter"}};
+}
+
+const UpcomingTexts &UpcomingListModel::texts(int row) const {
+    const auto found = m_texts.constFind(row);
+    return found != m_texts.cend() ? *found : *m_texts.insert(row, upcomingTexts(m_upcoming[row]));
 }
 
 } // namespace tovarin

@@ -8,11 +8,13 @@
 #include "ui/SubscriptionTexts.h"
 
 #include <QAbstractListModel>
+#include <QHash>
 #include <QtQml/qqmlregistration.h>
 
 namespace tovarin {
 
-/// The charges that are due soon as rows of text, in the order in which they are given.
+/// The charges that are due soon as rows of text, in the order in which they are given. The texts
+/// of a row are made when somebody first asks for them.
 class UpcomingListModel : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -41,9 +43,11 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
 private:
+    const UpcomingTexts &texts(int row) const;
+
     const ServiceLogo &m_logos;
     QList<Store::Upcoming> m_upcoming;
-    QList<UpcomingTexts> m_texts;
+    mutable QHash<int, UpcomingTexts> m_texts; ///< Of the rows that were asked for.
 };
 
 } // namespace tovarin
