@@ -98,16 +98,19 @@ MenuBar {
         }
     }
     // qmllint enable unqualified
+    // They work above a sheet, too.
     Shortcut {
         id: hide
 
         sequence: "Ctrl+H"
+        context: Qt.ApplicationShortcut
         onActivated: root.menu.hide()
     }
     Shortcut {
         id: quit
 
         sequence: "Ctrl+Q"
+        context: Qt.ApplicationShortcut
         onActivated: root.menu.quit()
     }
 }

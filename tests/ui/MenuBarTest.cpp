@@ -48,7 +48,8 @@ protected:
                 "  Loader { active: parent.menu; width: 480; sourceComponent: MainMenuBar {"
                 "    menu: parent.parent.menu } } }"
                 "TextField { objectName: 'field'; y: 200; label: 'Name' }"
-                "SoftButton { objectName: 'button'; y: 250; title: 'Button' }"_s};
+                "SoftButton { objectName: 'button'; y: 250; title: 'Button' }"
+                "Sheet { objectName: 'sheet'; label: 'Sheet' }"_s};
     QSignalSpy hide{&menu, &MainMenu::hide};
     QSignalSpy quit{&menu, &MainMenu::quit};
 };
@@ -73,6 +74,21 @@ TEST_P(MainMenuBar, HidesAndQuitsByKeys) {
     EXPECT_EQ(hide.size(), 1);
     stage.press(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_EQ(quit.size(), 1);
+}
+
+TEST_P(MainMenuBar, HidesAndQuitsByKeysWhileASheetIsOpen) {
+    QObject &sheet = stage.object("sheet");
+    QMetaObject::invokeMethod(&sheet, "open");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return sheet.property("opened").toBool(); }));
+    stage.settle();
+    stage.press(Qt::Key_H, Qt::ControlModifier);
+    EXPECT_EQ(hide.size(), 1);
+    stage.press(Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_EQ(quit.size(), 1);
+    // The menus are out of reach.
+    stage.press(Qt::Key_F10);
+    stage.settle();
+    EXPECT_FALSE(stage.itemWith("text", pair(u"隐藏 Tovarin"_s, u"Hide Tovarin"_s)));
 }
 
 TEST_P(MainMenuBar, IsOpenedAndWalkedByKeys) {
