@@ -17,7 +17,7 @@ Nothing in here is known to the program under test: it only sees an X display, a
 the usual desktop services, a system bus with a logind, and the accessibility bus.
 Use /usr/bin/python3 (it has gi). Packages: see APT below.  `session.py --help` lists the commands.
 """
-import os, re, shutil, signal, struct, subprocess, sys, tempfile, threading, time, zlib
+import os, re, shutil, signal, subprocess, sys, tempfile, threading, time
 import gi
 from gi.repository import Gio, GLib
 
@@ -320,19 +320,6 @@ class TrayItem:
         t = self.s.bus.get(self.service, self.path, Tray.ITEM, "ToolTip")
         return (t[2] + ("\n" + t[3] if t[3] else ""))
 
-    def save_icon(self, path):
-        """The largest picture of the icon as PNG; returns its size, or None if the program gives only a name."""
-        pics = self.s.bus.get(self.service, self.path, Tray.ITEM, "IconPixmap")
-        if not pics:
-            return None
-        w, h, data = max(pics, key=lambda p: p[0])
-        data = bytes(data)
-        rows = b"".join(b"\0" + b"".join(data[i + 1:i + 4] + data[i:i + 1] for i in range(y * w * 4, (y + 1) * w * 4, 4)) for y in range(h))
-        chunk = lambda t, d: struct.pack(">I", len(d)) + t + d + struct.pack(">I", zlib.crc32(t + d))
-        with open(path, "wb") as f:
-            f.write(b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", w, h, 8, 6, 0, 0, 0)) + chunk(b"IDAT", zlib.compress(rows)) + chunk(b"IEND", b""))
-        return w, h
-
     def _click(self, method):
         x, y = self.tray.where
         self.s.move(x, y)
@@ -370,11 +357,6 @@ class TrayItem:
         walk(root)
         return out
 
-    def menu_click(self, label):
-        nid = next(i for i, l, p in self.menu() if l == label)
-        path = self.s.bus.get(self.service, self.path, Tray.ITEM, "Menu")
-        self.s.bus.call(self.service, path, "com.canonical.dbusmenu", "Event", "(isvu)", nid, "clicked", GLib.Variant("i", 0), 0)
-
 
 # ------------------------------------------------------------------------------------------ logind
 
@@ -397,9 +379,6 @@ class Logind:
         r, w = os.pipe()
         fds = Gio.UnixFDList.new(); fds.append(w); os.close(w)
         inv.return_value_with_unix_fd_list(GLib.Variant("(h)", (0,)), fds)
-
-    def prepare_for_sleep(self, entering):
-        self.bus.emit(self.PATH, self.IFACE, "PrepareForSleep", "(b)", entering)
 
 
 # ------------------------------------------------------------------------------------------- clock
@@ -504,10 +483,6 @@ class Element:
         return [Element(self.app, *c) for c in self._call("Accessible", "GetChildren")]
 
     @property
-    def relations(self):
-        return {k: [Element(self.app, *t) for t in v] for k, v in self._call("Accessible", "GetRelationSet")}
-
-    @property
     def rect(self):
         """x, y, width, height on the screen."""
         return tuple(self._call("Component", "GetExtents", "(u)", 0))
@@ -598,10 +573,6 @@ class Element:
             return seen[-1] == seen[-2] == seen[-3]
         wait_for("an end of the movement", look, 5, 0.06)
         return seen[-1]
-
-    def hover(self):
-        self.s.move(*self.center())
-        return self
 
     def fill(self, text):
         """Click into the field, select what is there, type over it."""
@@ -784,35 +755,10 @@ class App(Element):
         wait_for(f"window {title!r} to settle", still, timeout, 0.1)
         return w
 
-    def choose_file(self, path, title=None, timeout=5):
-        """Pick a file in the file dialog that is open: Qt Quick's own, or the Widgets one (both take a typed path)."""
-        d = self.find("dialog", title, timeout=timeout, where=lambda e: e.find_all(name=re.compile("Open|Save|Choose|Cancel")))
-        time.sleep(0.4)
-        if not d.find_all("tree", "Files"):      # Qt Quick's: ctrl+L turns the row of folders into a field
-            self.s.key("ctrl+l")
-            time.sleep(0.3)
-        self.s.key("ctrl+a")
-        self.s.type(os.fspath(path))
-        self.s.key("Return")
-        wait_for("the file dialog to close", lambda: d not in self.find_all("dialog"), timeout)
-
     def focused(self):
         """The innermost element that has the keyboard focus, or None."""
         f = [e for _, e, states in self.snapshot() if "focused" in states]
         return f[-1] if f else None
-
-    def tab_order(self, limit=200, key="Tab"):
-        """Press Tab until the focus comes round; returns [(role, name), ...] of the stops."""
-        stops, start = [], None
-        for _ in range(limit):
-            self.s.key(key)
-            time.sleep(0.05)
-            f = self.focused()
-            if f is not None and f == start:
-                break
-            start = start or f
-            stops.append((f.role, f.name) if f else None)
-        return stops
 
     def windows(self):
         """{X window id: (title, x, y, w, h)} of what the program has on the screen."""
@@ -836,27 +782,6 @@ class App(Element):
     def kill(self):
         self.proc.send_signal(signal.SIGKILL)
         return self.wait()
-
-    def suspend(self, seconds, announce=True):
-        """The machine sleeps for `seconds`: announced by logind, frozen, wall clock further on, awake again."""
-        if announce:
-            self.s.logind.prepare_for_sleep(True)
-            time.sleep(0.3)
-        os.kill(self.pid, signal.SIGSTOP)
-        time.sleep(0.2)
-        self.s.clock.jump(seconds)
-        os.kill(self.pid, signal.SIGCONT)
-        if announce:
-            self.s.logind.prepare_for_sleep(False)
-
-    def cpu_seconds(self):
-        with open(f"/proc/{self.pid}/stat") as f:
-            p = f.read().rsplit(")", 1)[1].split()
-        return (int(p[11]) + int(p[12])) / os.sysconf("SC_CLK_TCK")
-
-    def rss_mib(self):
-        with open(f"/proc/{self.pid}/status") as f:
-            return int(re.search(r"VmRSS:\s+(\d+)", f.read()).group(1)) / 1024
 
 
 # ------------------------------------------------------------------------------------------ session
@@ -1115,16 +1040,6 @@ class Session:
         crop = ["-crop", "{2}x{3}+{0}+{1}".format(*rect), "+repage"] if rect else []
         subprocess.run(["import", "-window", "root", *crop, path], env=self.env, check=True)
         return path
-
-    def panel_icon(self, timeout=5):
-        """The place (x, y) of the first icon on the real panel, for click() and move(); tray="panel" or "trayer"."""
-        def look():
-            if self.opts["tray"] == "trayer":
-                w = [w for w in self.windows().values() if w[2] > self.size[1] - 40 and w[1] > 0 and w[0] not in ("", "panel")]
-                return w and (w[0][1] + w[0][3] // 2, w[0][2] + w[0][4] // 2)
-            b = [e for e in self.panel.find_all("push button") if e.rect[0] > self.size[0] // 2]
-            return b and b[0].center()
-        return wait_for("an icon on the panel", look, timeout)
 
     # -- clipboard
     def clipboard(self, target=None):
