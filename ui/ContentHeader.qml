@@ -11,7 +11,7 @@ Column {
     required property ContentModel content
     required property BillScanModel bills
     required property ContentSheets sheets
-    required property bool hasEntries
+    property bool hasEntries: false
     // What of this is in sight: where it begins, and how high it is.
     required property real viewTop
     required property real viewHeight

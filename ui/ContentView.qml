@@ -15,6 +15,20 @@ FocusScope {
 
     readonly property bool isZh: LocalizationManager.isZh
 
+    onHasEntriesChanged: showEntries()
+    Component.onCompleted: showEntries()
+
+    // What stands above the rows takes its room first. They are made in the order in which a screen
+    // reader reads them then, and none is made that is out of sight at once.
+    function showEntries() {
+        if (!hasEntries)
+            return;
+        const header = list.headerItem as ContentHeader;
+        header.hasEntries = true;
+        header.forceLayout();
+        list.delegate = row;
+    }
+
     Item {
         id: topBar
 
@@ -162,13 +176,11 @@ FocusScope {
             content: root.content
             bills: root.bills
             sheets: root.sheets
-            hasEntries: root.hasEntries
             viewTop: list.contentY - y
             viewHeight: list.height
         }
-        // A model that comes later would take the keyboard to its first row; a delegate does not.
-        delegate: root.hasEntries ? row : null
 
+        // Becomes the delegate; a model that comes later would take the keyboard to its first row.
         Component {
             id: row
 
