@@ -92,46 +92,52 @@ class Comings(Shell):
         self.assertEqual(frame.rect[2:], (width, height))
 
     def test_closed_comes_back_as_it_was(self):
-        with session("en", lambda s: install(s, SAMPLE)) as desktop:
-            app, window = self.start(desktop, "en")
-            self.move(desktop, app, "en", 37, 61, 801, 523)
-            top = self.place(app, "en")
-            window.list.scroll(2)
-            window.list._still()
-            before = self.place(app, "en")
-            self.assertNotEqual(before[2], top[2], "it was scrolled")
-            desktop.close_window()
-            self.wait_unseen(app)
-            panel = self.open_panel(desktop, app)
-            panel.button(OPEN["en"]).click()
-            panel.wait_closed()
-            self.assertEqual(self.place(app, "en"), before)
+        for language in LOCALES:
+            with self.subTest(language), \
+                    session(language, lambda s: install(s, SAMPLE)) as desktop:
+                app, window = self.start(desktop, language)
+                self.move(desktop, app, language, 37, 61, 801, 523)
+                top = self.place(app, language)
+                window.list.scroll(2)
+                window.list._still()
+                before = self.place(app, language)
+                self.assertNotEqual(before[2], top[2], "it was scrolled")
+                desktop.close_window()
+                self.wait_unseen(app)
+                panel = self.open_panel(desktop, app)
+                panel.button(OPEN[language]).click()
+                panel.wait_closed()
+                self.assertEqual(self.place(app, language), before)
 
-            self.end(desktop, app, "en")
-            app, window = self.start(desktop, "en")
-            self.assertEqual(self.place(app, "en")[:2], before[:2])
-            self.end(desktop, app, "en")
+                self.end(desktop, app, language)
+                app, window = self.start(desktop, language)
+                self.assertEqual(self.place(app, language)[:2], before[:2])
+                self.end(desktop, app, language)
 
     def test_hidden_comes_back_at_every_call(self):
-        with session("en") as desktop:
-            app, _ = self.start(desktop, "en")
-            before = self.place(app, "en")
-            for hide in (lambda: desktop.key("ctrl+h"),
-                         lambda: self.choose_in_menu(app, "Tovarin", MENU_HIDE["en"]),
-                         desktop.close_window):
-                for call in (lambda: self.start_again(desktop),
-                             lambda: desktop.bus.call(
-                                 "app.tovarin.Tovarin", "/app/tovarin/Tovarin",
-                                 "org.freedesktop.Application", "Activate", "(a{sv})", {})):
-                    hide()
-                    self.wait_unseen(app)
-                    self.assertTrue(app.running())
-                    call()
-                    self.assertEqual(self.place(app, "en"), before)
-            # Also when it is in sight already, but not in front.
-            call()
-            self.assertEqual(self.place(app, "en"), before)
-            self.end(desktop, app, "en")
+        for language in LOCALES:
+            with self.subTest(language), session(language) as desktop:
+                self.hide_and_call(desktop, language)
+
+    def hide_and_call(self, desktop, language):
+        app, _ = self.start(desktop, language)
+        before = self.place(app, language)
+        for hide in (lambda: desktop.key("ctrl+h"),
+                     lambda: self.choose_in_menu(app, "Tovarin", MENU_HIDE[language]),
+                     desktop.close_window):
+            for call in (lambda: self.start_again(desktop),
+                         lambda: desktop.bus.call(
+                             "app.tovarin.Tovarin", "/app/tovarin/Tovarin",
+                             "org.freedesktop.Application", "Activate", "(a{sv})", {})):
+                hide()
+                self.wait_unseen(app)
+                self.assertTrue(app.running())
+                call()
+                self.assertEqual(self.place(app, language), before)
+        # Also when it is in sight already, but not in front.
+        call()
+        self.assertEqual(self.place(app, language), before)
+        self.end(desktop, app, language)
 
     def test_two_starts_in_one_moment_are_one_program(self):
         with session("en") as desktop:
@@ -194,12 +200,17 @@ class Ends(Shell):
             self.expect_end(app, since)
 
     def test_by_the_key_in_the_panel(self):
-        with session("en") as desktop:
-            app, _ = self.start(desktop, "en")
-            self.open_panel(desktop, app)
-            since = time.monotonic()
-            desktop.key("ctrl+q")
-            self.expect_end(app, since)
+        for language in LOCALES:
+            with self.subTest(language), session(language) as desktop:
+                for close in (False, True):
+                    app, _ = self.start(desktop, language)
+                    if close:
+                        desktop.close_window()
+                        self.wait_unseen(app)
+                    self.open_panel(desktop, app)
+                    since = time.monotonic()
+                    desktop.key("ctrl+q")
+                    self.expect_end(app, since)
 
     def test_while_the_file_dialog_is_open(self):
         with session("en") as desktop:
@@ -247,43 +258,56 @@ class Trays(Shell):
         panel.wait_closed()
 
     def test_come_late_and_go(self):
-        with session("en", tray="none") as desktop:
-            app, _ = self.start(desktop, "en")
-            desktop.close_window()
-            self.wait_unseen(app)
-            second = desktop.start([self.program])
-            self.assertEqual(second.wait(), 0)
-            app.wait_window(TITLES["en"])
-            desktop.tray = Tray(desktop)
-            for _ in range(2):
-                self.assertEqual(desktop.tray.wait().tooltip, TOOLTIPS["en"])
-                self.assertEqual(len(desktop.tray.items()), 1)
+        for language in LOCALES:
+            with self.subTest(language), session(language, tray="none") as desktop:
+                app, _ = self.start(desktop, language)
+                desktop.close_window()
+                self.wait_unseen(app)
+                second = desktop.start([self.program])
+                self.assertEqual(second.wait(), 0)
+                app.wait_window(TITLES[language])
+                desktop.tray = Tray(desktop)
+                for _ in range(2):
+                    self.assertEqual(desktop.tray.wait().tooltip, TOOLTIPS[language])
+                    self.assertEqual(len(desktop.tray.items()), 1)
+                    self.expect_panel(desktop, app)
+                    desktop.tray.stop()
+                    desktop.tray.start()
                 self.expect_panel(desktop, app)
-                desktop.tray.stop()
-                desktop.tray.start()
-            self.expect_panel(desktop, app)
-            self.end(desktop, app, "en")
+                self.end(desktop, app, language)
 
 
 class Days(Shell):
+    NEXT_DAY = {
+        "en": [["Second", "Charged today", "¥11"], ["Third", "in 1 days", "$4.50"],
+               ["Fourth", "in 2 days", "¥13"], ["Fifth", "in 3 days", "¥14"],
+               ["Sixth", "in 6 days", "¥16"], ["Later", "in 7 days", "¥1000"]],
+        "zh": [["Second", "今天扣费", "¥11"], ["Third", "1 天后扣费", "$4.50"],
+               ["Fourth", "2 天后扣费", "¥13"], ["Fifth", "3 天后扣费", "¥14"],
+               ["Sixth", "6 天后扣费", "¥16"], ["Later", "7 天后扣费", "¥1000"]],
+    }
+    NEXT_DAY_IN_PANEL = {
+        "en": [["Second", "Today", "-¥11"], ["Third", "1d", "-$4.50"], ["Fourth", "2d", "-¥13"],
+               ["Fifth", "3d", "-¥14"]],
+        "zh": [["Second", "今天", "-¥11"], ["Third", "1天后", "-$4.50"],
+               ["Fourth", "2天后", "-¥13"], ["Fifth", "3天后", "-¥14"]],
+    }
+
     def test_midnight_passes(self):
-        with session("en", lambda s: install_records(s, CHARGES),
-                     clock="2025-06-10 23:59:50") as desktop:
-            app, window = self.start(desktop, "en")
-            self.assertEqual(window.upcoming(), SIX_UPCOMING["en"])
-            wait_for("the next day", lambda: window.upcoming()[0] ==
-                     ["Second", "Charged today", "¥11"], 25)
-            self.assertEqual(window.upcoming(), [
-                ["Second", "Charged today", "¥11"], ["Third", "in 1 days", "$4.50"],
-                ["Fourth", "in 2 days", "¥13"], ["Fifth", "in 3 days", "¥14"],
-                ["Sixth", "in 6 days", "¥16"], ["Later", "in 7 days", "¥1000"]])
-            panel = self.open_panel(desktop, app)
-            self.assertEqual(panel.rows(), [
-                ["Second", "Today", "-¥11"], ["Third", "1d", "-$4.50"], ["Fourth", "2d", "-¥13"],
-                ["Fifth", "3d", "-¥14"]])
-            desktop.key("Escape")
-            panel.wait_closed()
-            self.end(desktop, app, "en")
+        for language in LOCALES:
+            with self.subTest(language), \
+                    session(language, lambda s: install_records(s, CHARGES),
+                            clock="2025-06-10 23:59:50") as desktop:
+                app, window = self.start(desktop, language)
+                self.assertEqual(window.upcoming(), SIX_UPCOMING[language])
+                wait_for("the next day",
+                         lambda: window.upcoming()[0] == self.NEXT_DAY[language][0], 25)
+                self.assertEqual(window.upcoming(), self.NEXT_DAY[language])
+                panel = self.open_panel(desktop, app)
+                self.assertEqual(panel.rows(), self.NEXT_DAY_IN_PANEL[language])
+                desktop.key("Escape")
+                panel.wait_closed()
+                self.end(desktop, app, language)
 
 
 class Rest(Shell):
