@@ -27,6 +27,9 @@ constexpr auto objectPath = "/org/freedesktop/Notifications"_L1;
 constexpr uchar lowUrgency = 0;
 constexpr uchar normalUrgency = 1;
 
+/// What may be told of notifications, also of other programs, until an answer comes.
+constexpr qsizetype mostEarly = 100;
+
 struct Listener {
     QLatin1StringView signal;
     const char *slot;
@@ -135,9 +138,11 @@ void DesktopNotifications::post(const NotificationRequest &request,
                         m_shown.insert(reply.value());
                     stopListening();
                     answer(Outcome::shown);
+                    hearEarly();
                     return;
                 }
                 stopListening();
+                hearEarly();
                 if (isAbsence(reply.error()) || (isSilence(reply.error()) && !m_capabilities))
                     answer(Outcome::absent);
                 else
@@ -148,18 +153,34 @@ void DesktopNotifications::post(const NotificationRequest &request,
 void DesktopNotifications::takeToken(uint id, const QString &token) {
     if (m_shown.contains(id))
         m_tokens[id] = token;
+    else
+        keepEarly([this, id, token] { takeToken(id, token); });
 }
 
 void DesktopNotifications::takeAction(uint id, const QString &action) {
-    if (!m_shown.contains(id) || action != u"default")
-        return;
-    Q_EMIT clicked(m_tokens.value(id));
-    forget(id);
+    if (!m_shown.contains(id)) {
+        keepEarly([this, id, action] { takeAction(id, action); });
+    } else if (action == u"default") {
+        Q_EMIT clicked(m_tokens.value(id));
+        forget(id);
+    }
 }
 
 void DesktopNotifications::takeClosing(uint id) {
     if (m_shown.contains(id))
         forget(id);
+    else
+        keepEarly([this, id] { takeClosing(id); });
+}
+
+void DesktopNotifications::keepEarly(std::function<void()> told) {
+    if (m_posting > 0 && m_early.size() < mostEarly)
+        m_early.append(std::move(told));
+}
+
+void DesktopNotifications::hearEarly() {
+    for (const std::function<void()> &told : std::exchange(m_early, {}))
+        told();
 }
 
 void DesktopNotifications::listen() {
@@ -191,6 +212,7 @@ void DesktopNotifications::forgetService() {
     m_capabilities.reset();
     m_shown.clear();
     m_tokens.clear();
+    m_early.clear();
     stopListening();
     Q_EMIT shownNothing();
 }

@@ -7,10 +7,12 @@
 
 #include <QDBusConnection>
 #include <QHash>
+#include <QList>
 #include <QSet>
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 namespace tovarin {
@@ -53,6 +55,10 @@ private Q_SLOTS:
 private:
     void listen();
     void stopListening();
+    /// The service may tell of a notification before Qt has told its answer, the id: what concerns
+    /// an id that is not known is kept while an answer is on its way, and heard when it is there.
+    void keepEarly(std::function<void()> told);
+    void hearEarly();
     void forget(uint id);
     void forgetService();
 
@@ -61,6 +67,7 @@ private:
     std::optional<QStringList> m_capabilities; ///< Of the service that is there, if one is.
     QSet<uint> m_shown;
     QHash<uint, QString> m_tokens;
+    QList<std::function<void()>> m_early;
     bool m_listens = false;
     int m_posting = 0;
     int m_services = 0; ///< That have gone.

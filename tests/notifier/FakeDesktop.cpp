@@ -51,6 +51,10 @@ bool FakeDesktop::handleMessage(const QDBusMessage &message, const QDBusConnecti
     } else if (message.member() == u"Notify") {
         EXPECT_EQ(message.signature(), u"susssasa{sv}i"_s);
         posts.append(message.arguments());
+        if (clicksFirst)
+            tell(u"ActionInvoked"_s, {static_cast<uint>(posts.size()), u"default"_s});
+        if (closesFirst)
+            close(static_cast<uint>(posts.size()));
         if (!holdsAnswers)
             m_bus.send(message.createReply(static_cast<uint>(posts.size())));
     } else if (message.member() == u"Activate") {

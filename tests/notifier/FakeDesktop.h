@@ -32,6 +32,9 @@ public:
     QStringList capabilities;
     QString error; ///< The answer to GetCapabilities, if any.
     bool holdsAnswers = false;
+    /// What a service does that is quicker than its own answer.
+    bool clicksFirst = false;
+    bool closesFirst = false;
     int questions = 0;
     QList<QVariantList> posts;
     QStringList activations; ///< The tokens.

@@ -38,6 +38,23 @@ TEST_F(NotifierProgramTest, LeavesWithNothingToWaitForAndComesBackWhenAsked) {
     EXPECT_EQ(desktop->bodies(), (QStringList{u"one"_s, u"two"_s}));
 }
 
+TEST_F(NotifierProgramTest, LeavesWhenWhatItShowsIsClosedBeforeTheAnswer) {
+    desktop->closesFirst = true;
+    desktop->appear();
+    center->add(after(10ms, u"a"_s, u"one"_s));
+    ASSERT_TRUE(waitForPosts(1));
+    ASSERT_TRUE(waitForEnd());
+}
+
+TEST_F(NotifierProgramTest, TakesAClickThatComesBeforeTheAnswer) {
+    desktop->clicksFirst = true;
+    desktop->appear();
+    desktop->haveTovarin();
+    center->add(after(10ms, u"a"_s, u"one"_s));
+    ASSERT_TRUE(waitFor([this] { return desktop->activations.size() == 1; }));
+    ASSERT_TRUE(waitForEnd());
+}
+
 TEST_F(NotifierProgramTest, KeepsWhatIsPendingWhenKilled) {
     desktop->appear();
     center->add(after(1h, u"a"_s, u"later"_s));
