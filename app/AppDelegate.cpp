@@ -11,7 +11,6 @@
 
 #include <QCursor>
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QQuickItem>
 #include <QQuickView>
 #include <QQuickWindow>
@@ -180,7 +179,6 @@ void AppDelegate::togglePopover(QPoint pointer) {
     connect(root, SIGNAL(quit()), qApp, SLOT(quit()), Qt::QueuedConnection);
     connect(root, SIGNAL(dismiss()), this, SLOT(closePopover()));
     connect(m_popover.get(), &QWindow::activeChanged, this, &AppDelegate::noticePopoverFocus);
-    m_popover->installEventFilter(this);
 
     const QRect item = m_statusItem ? m_statusItem->geometry() : QRect();
     QScreen *const screen = screenOf(item, pointer);
@@ -195,6 +193,9 @@ void AppDelegate::togglePopover(QPoint pointer) {
 }
 
 void AppDelegate::hide() {
+    // A file panel would stay behind alone.
+    if (QGuiApplication::modalWindow())
+        return;
     closePopover();
     if (m_window)
         m_window->hide();
@@ -219,19 +220,6 @@ void AppDelegate::closePopover() {
     m_closedPopover->disconnect(this);
     m_closedPopover->hide();
     m_closedPopover->deleteLater();
-}
-
-bool AppDelegate::eventFilter(QObject *watched, QEvent *event) {
-    if (watched != m_popover.get() || event->type() != QEvent::KeyPress)
-        return QObject::eventFilter(watched, event);
-    const QKeyCombination pressed = static_cast<QKeyEvent *>(event)->keyCombination();
-    if (pressed == QKeyCombination(Qt::CTRL, Qt::Key_Q))
-        Q_EMIT m_menu.quit();
-    else if (pressed == QKeyCombination(Qt::CTRL, Qt::Key_H))
-        Q_EMIT m_menu.hide();
-    else
-        return false;
-    return true;
 }
 
 void AppDelegate::setupStatusItem() {

@@ -94,9 +94,6 @@ public:
     Store &store() { return m_store; }
     const ContentSheets &sheets() const { return m_sheets; }
 
-    /// The keys of the main menu work in the panel, too, which has no menu of its own.
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 Q_SIGNALS:
     /// The main window was shown, or shown again: each time, also when it was in sight already.
     void mainWindowDidShow();

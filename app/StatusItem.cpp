@@ -38,7 +38,10 @@ QRect StatusItem::geometry() const {
 void StatusItem::makeItem() {
     if (m_item || !m_hasTray || !m_icon)
         return;
-    m_item = std::make_unique<QSystemTrayIcon>(m_icon());
+    const QIcon icon = m_icon();
+    if (icon.isNull())
+        return;
+    m_item = std::make_unique<QSystemTrayIcon>(icon);
     m_item->setToolTip(m_toolTip);
     // Whatever the reason: a second press within the time of a double click is a press of its own.
     connect(m_item.get(), &QSystemTrayIcon::activated, this,

@@ -23,8 +23,14 @@ Window {
     color: "#0F0F11"
     title: menu.isZh ? "Tovarin · 订阅管家" : "Tovarin · Subscription Manager"
 
-    onFrameSwapped: wasDrawn = true
+    Connections {
+        enabled: !root.wasDrawn
+        target: root
 
+        function onFrameSwapped() {
+            root.wasDrawn = true;
+        }
+    }
     MainMenuBar {
         id: menuBar
 

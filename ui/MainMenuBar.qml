@@ -98,7 +98,7 @@ MenuBar {
         }
     }
     // qmllint enable unqualified
-    // They work above a sheet, too.
+    // They work above a sheet and in the panel, too.
     Shortcut {
         id: hide
 

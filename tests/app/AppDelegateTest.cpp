@@ -134,6 +134,21 @@ TEST_P(AppDelegateTest, BringsTheWindowBack) {
     EXPECT_EQ(shown.size(), 4);
 }
 
+TEST_P(AppDelegateTest, StaysInSightBelowADialog) {
+    delegate.applicationDidFinishLaunching();
+    settle(*delegate.window());
+    QWindow dialog;
+    dialog.setModality(Qt::WindowModal);
+    dialog.setTransientParent(delegate.window());
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+    delegate.hide();
+    EXPECT_TRUE(delegate.window()->isVisible());
+    dialog.close();
+    delegate.hide();
+    EXPECT_FALSE(delegate.window()->isVisible());
+}
+
 TEST_P(AppDelegateTest, OpensThePanelWithWhatIsTrueNow) {
     delegate.applicationDidFinishLaunching();
     openPanel();

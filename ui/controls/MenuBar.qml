@@ -23,7 +23,8 @@ T.MenuBar {
         }
         const item = before;
         before = null;
-        if (item)
+        // It isn't, behind a sheet that opened meanwhile.
+        if (item && item.enabled)
             item.forceActiveFocus(Qt.PopupFocusReason);
     }
 
