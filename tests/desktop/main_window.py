@@ -6,6 +6,7 @@ import os
 import shutil
 
 from session import wait_for
+from words import EMPTY_HEAD
 
 TITLES = {"en": "Tovarin · Subscription Manager", "zh": "Tovarin · 订阅管家"}
 LIST_NAMES = {"en": "All subscriptions", "zh": "全部订阅"}
@@ -90,10 +91,13 @@ def picture(session, path):
 
 class MainWindow:
     def __init__(self, app, language):
-        """Waits until the window is there."""
+        """Waits until the window is there with its entries, which come a frame later."""
         self.language = language
         self.frame = app.find("frame", TITLES[language], timeout=20)
         self.list = self.frame.find("list", LIST_NAMES[language], timeout=20)
+        below = {LIST_NAMES[language], EMPTY_HEAD[language][-1]}
+        wait_for("what is below the summary",
+                 lambda: below.intersection(child.name for child in self.list.children))
 
     @staticmethod
     def _shown(element):

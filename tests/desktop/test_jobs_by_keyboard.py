@@ -2,10 +2,10 @@
 # SPDX-FileCopyrightText: The Tovarin developers
 # SPDX-License-Identifier: MIT
 """test_jobs_by_keyboard.py PROGRAM PICTURES: what other tests do by the mouse is done here by the
-keyboard alone. Adding, the quick pick and the panel are used by keys in tests of their own, and
-what the menus hold by its shortcuts: the menu bar itself is no place for the keyboard.
+keyboard alone. Adding, the quick pick and the panel are used by keys in tests of their own.
 """
 import os
+import time
 
 from entries import NETFLIX, OTHER
 from jobs import COPIED, Jobs, only_keys
@@ -15,9 +15,10 @@ from program_test import main
 from session import wait_for
 from sheets import Sheet
 from words import (ACTIVE, ADD, AMOUNT, CANCEL, CATEGORY, CHOOSE, CLOSE, COPY, CURRENCY, DAYS,
-                   DAY_NAMES, DELETE, DELETE_THIS, DETAILS, EDIT, LANGUAGE, NOTES, ONE_TIME,
-                   OWN_NAMES, PAUSE, PURCHASE, QUICK_PICK, QUICK_PICK_BUTTON, RECURRING, RESUME,
-                   REVIEW, SAVE, SCAN, SEND_TEST, SENT, SETTINGS, SYSTEM, add)
+                   DAY_NAMES, DELETE, DELETE_THIS, DETAILS, EDIT, LANGUAGE, MENU_CUT, MENU_HIDE,
+                   MENU_QUIT, NOTES, ONE_TIME, OWN_NAMES, PAUSE, PURCHASE, QUICK_PICK,
+                   QUICK_PICK_BUTTON, RECURRING, RESUME, REVIEW, SAVE, SCAN, SEND_TEST, SENT,
+                   SETTINGS, SYSTEM, add)
 
 
 class ByKeyboard(Jobs):
@@ -26,6 +27,22 @@ class ByKeyboard(Jobs):
         for role, words in stops:
             desktop.key(key)
             self.expect_focus(app, role, words)
+
+    def test_the_menus(self):
+        for language in LOCALES:
+            with self.subTest(language), self.desktop(language) as desktop, only_keys():
+                app, _ = self.start(desktop, language)
+                desktop.key("F10")
+                app.find("menu item", MENU_HIDE[language])
+                desktop.key("Right")
+                app.find("menu item", MENU_CUT[language])
+                desktop.key("Escape")
+                wait_for("no menu", lambda: not app.find_all("menu item"))
+                desktop.key("F10")
+                app.find("menu item", MENU_QUIT[language])
+                since = time.monotonic()
+                desktop.key("Down", "Return")
+                self.expect_end(app, since)
 
     def test_an_entry_from_pausing_to_deleting(self):
         for language in LOCALES:

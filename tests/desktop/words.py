@@ -6,6 +6,7 @@ OPEN = {"en": "Open Tovarin", "zh": "打开 Tovarin"}
 QUIT = {"en": "Quit", "zh": "退出"}
 MENU_HIDE = {"en": "Hide Tovarin", "zh": "隐藏 Tovarin"}
 MENU_QUIT = {"en": "Quit Tovarin", "zh": "退出 Tovarin"}
+MENU_CUT = {"en": "Cut", "zh": "剪切"}
 
 # The main window.
 ADD = {"en": "Add", "zh": "添加订阅"}
