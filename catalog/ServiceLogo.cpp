@@ -16,12 +16,20 @@ namespace {
 /// A picture of more pixels is no logo, whatever its file says.
 constexpr qint64 mostPixels = 4096 * 4096;
 
+/// Whether the file is what its name says, as nearly all are. Told so, Qt does not load a plugin
+/// for each format there is, just to ask it.
+bool holdsPng(const QString &path) {
+    QImageReader reader(path, "png"_ba);
+    reader.setAutoDetectImageFormat(false);
+    return reader.canRead();
+}
+
 QImage loaded(const QString &path) {
     if (path.isEmpty())
         return {};
-    // Told what it is, Qt does not load a plugin for each format there is, just to ask it.
-    QImageReader reader(path, "png");
-    reader.setAutoDetectImageFormat(false);
+    const bool isPng = holdsPng(path);
+    QImageReader reader(path, isPng ? "png"_ba : QByteArray());
+    reader.setAutoDetectImageFormat(!isPng);
     const QSize size = reader.size();
     if (qint64(size.width()) * size.height() > mostPixels)
         return {};
