@@ -1,6 +1,7 @@
 # SPDX-FileCopyrightText: The Tovarin developers
 # SPDX-License-Identifier: MIT
 """What the main window says, read as a screen reader reads it."""
+import functools
 import json
 import os
 import shutil
@@ -91,13 +92,21 @@ def picture(session, path):
 
 class MainWindow:
     def __init__(self, app, language):
-        """Waits until the window is there with its entries, which come a frame later."""
+        """Waits until the window is there with its entries, which come a frame later, or with a
+        sheet, behind which they are out of a screen reader's reach."""
         self.language = language
         self.frame = app.find("frame", TITLES[language], timeout=20)
-        self.list = self.frame.find("list", LIST_NAMES[language], timeout=20)
-        below = {LIST_NAMES[language], EMPTY_HEAD[language][-1]}
-        wait_for("what is below the summary",
-                 lambda: below.intersection(child.name for child in self.list.children))
+        wait_for("the entries or a sheet", self._is_complete, 20)
+
+    @functools.cached_property
+    def list(self):
+        return self.frame.find("list", LIST_NAMES[self.language], timeout=20)
+
+    def _is_complete(self):
+        below = {LIST_NAMES[self.language], EMPTY_HEAD[self.language][-1]}
+        return self.frame.find_all("dialog") or any(
+            below.intersection(child.name for child in entries.children)
+            for entries in self.frame.find_all("list", LIST_NAMES[self.language]))
 
     @staticmethod
     def _shown(element):
