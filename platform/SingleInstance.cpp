@@ -18,7 +18,6 @@
 #include <QVariantMap>
 
 #include <algorithm>
-#include <array>
 #include <functional>
 #include <utility>
 
@@ -35,36 +34,6 @@ constexpr auto interfaceName = "org.freedesktop.Application"_L1;
 /// What a holder of the name that has just died may still need until its lock is free as well.
 constexpr std::chrono::milliseconds mostLingering{1000};
 constexpr unsigned long lockInterval = 5; // milliseconds
-
-struct TokenSource {
-    const char *variable;
-    QLatin1StringView key; ///< In the platform data.
-};
-
-/// The one of Wayland first: a start that has both was made under it.
-constexpr std::array tokenSources = {
-    TokenSource{"XDG_ACTIVATION_TOKEN", "activation-token"_L1},
-    TokenSource{"DESKTOP_STARTUP_ID", "desktop-startup-id"_L1},
-};
-
-QString tokenIn(const QVariantMap &platformData) {
-    for (const TokenSource &source : tokenSources) {
-        const QVariant value = platformData.value(source.key);
-        if (value.typeId() == QMetaType::QString && !value.toString().isEmpty())
-            return value.toString();
-    }
-    return {};
-}
-
-QVariantMap platformData(const Environment &environment) {
-    QVariantMap data;
-    for (const TokenSource &source : tokenSources) {
-        const QByteArray value = environment(source.variable);
-        if (!value.isEmpty())
-            data.insert(source.key, QString::fromLocal8Bit(value));
-    }
-    return data;
-}
 
 /// Empty without one. No bus is started for the purpose: nothing else would be found on it.
 QString sessionBusAddress(const Environment &environment) {
@@ -90,7 +59,7 @@ QDBusMessage request(const QString &owner, const QList<QUrl> &files, const QVari
     QDBusMessage message = QDBusMessage::createMethodCall(owner, objectPath, interfaceName, method);
     if (!files.isEmpty()) {
         QStringList uris;
-        for (const QUrl &file : files.first(std::min(files.size(), SingleInstance::mostFiles)))
+        for (const QUrl &file : files.first(std::min(files.size(), ActivationRequest::mostFiles)))
             uris.append(uri(file));
         message << uris;
     }
@@ -104,22 +73,18 @@ class ApplicationInterface final : public QDBusAbstractAdaptor {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    using Receiver = std::function<void(const QList<QUrl> &files, const QString &token)>;
+    using Receiver = std::function<void(const ActivationRequest &)>;
 
     ApplicationInterface(QObject *parent, Receiver receiver)
         : QDBusAbstractAdaptor(parent), m_receiver(std::move(receiver)) {}
 
 public Q_SLOTS:
-    void Activate(const QVariantMap &platform_data) { m_receiver({}, tokenIn(platform_data)); }
+    void Activate(const QVariantMap &platform_data) {
+        m_receiver(ActivationRequest::toActivate(platform_data));
+    }
 
     void Open(const QStringList &uris, const QVariantMap &platform_data) {
-        QList<QUrl> files;
-        for (const QString &uri : uris.first(std::min(uris.size(), SingleInstance::mostFiles))) {
-            const QUrl url(uri);
-            if (url.isValid())
-                files.append(url);
-        }
-        m_receiver(files, tokenIn(platform_data));
+        m_receiver(ActivationRequest::toOpen(uris, platform_data));
     }
 
     /// The desktop entry announces no actions; an unknown one is answered and does nothing.
@@ -174,8 +139,8 @@ SingleInstance::Outcome SingleInstance::claim(const QList<QUrl> &files) {
         // To the owner itself, not to the name, for which the bus would start another one if this
         // one has gone away meanwhile.
         const QDBusMessage answer =
-            bus.call(request(owner.value(), files, platformData(m_environment)), QDBus::Block,
-                     static_cast<int>(deadline.remainingTime()));
+            bus.call(request(owner.value(), files, ActivationRequest::platformData(m_environment)),
+                     QDBus::Block, static_cast<int>(deadline.remainingTime()));
         if (answer.type() == QDBusMessage::ReplyMessage) {
             leaveBus();
             return Outcome::handedOver;
@@ -216,9 +181,7 @@ QDBusConnection SingleInstance::joinBus() {
         return QDBusConnection(QString());
     m_connection = applicationId + u'-' + QString::number(reinterpret_cast<quintptr>(this));
     QDBusConnection bus = QDBusConnection::connectToBus(address, m_connection);
-    new ApplicationInterface(this, [this](const QList<QUrl> &files, const QString &token) {
-        keep({files, token});
-    });
+    new ApplicationInterface(this, [this](const ActivationRequest &request) { keep(request); });
     // Before the name is asked for: with the name come the calls.
     bus.registerObject(objectPath, this, QDBusConnection::ExportAdaptors);
     return bus;
@@ -240,7 +203,7 @@ void SingleInstance::leaveBus() {
     m_connection.clear();
 }
 
-void SingleInstance::keep(const Request &request) {
+void SingleInstance::keep(const ActivationRequest &request) {
     m_requests.append(request);
     // Later, so that the caller has its answer even if a receiver shows a dialog and waits for it.
     if (m_started)
@@ -249,7 +212,7 @@ void SingleInstance::keep(const Request &request) {
 
 void SingleInstance::tellKept() {
     while (!m_requests.isEmpty()) {
-        const Request request = m_requests.takeFirst();
+        const ActivationRequest request = m_requests.takeFirst();
         if (request.files.isEmpty())
             Q_EMIT activated(request.activationToken);
         else

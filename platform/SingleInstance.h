@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "platform/ActivationRequest.h"
 #include "platform/Environment.h"
 #include "platform/FileLock.h"
 
@@ -44,9 +45,6 @@ public:
     /// How long a running instance may take to answer.
     static constexpr std::chrono::seconds defaultPatience{25};
 
-    /// More addresses than that in one call are left out.
-    static constexpr qsizetype mostFiles = 10000;
-
     explicit SingleInstance(Environment environment = processEnvironment(),
                             std::chrono::milliseconds patience = defaultPatience,
                             QObject *parent = nullptr);
@@ -78,16 +76,11 @@ Q_SIGNALS:
     void openRequested(const QList<QUrl> &files, const QString &activationToken);
 
 private:
-    struct Request {
-        QList<QUrl> files; ///< None to activate.
-        QString activationToken;
-    };
-
     Outcome lockData(const QDeadlineTimer &deadline, const QString &refusal);
     Outcome refuse(const QString &refusal);
     QDBusConnection joinBus();
     void leaveBus();
-    void keep(const Request &request);
+    void keep(const ActivationRequest &request);
     void tellKept();
 
     const Environment m_environment;
@@ -95,7 +88,7 @@ private:
     FileLock m_lock;
     QString m_connection; ///< The name of the bus connection within this process; empty without.
     QString m_refusal;
-    QList<Request> m_requests; ///< Not yet told.
+    QList<ActivationRequest> m_requests; ///< Not yet told.
     bool m_started = false;
 };
 
