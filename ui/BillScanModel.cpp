@@ -12,6 +12,16 @@
 
 namespace tovarin {
 
+namespace {
+
+QList<QUrl> localFiles(const QList<QUrl> &urls) {
+    QList<QUrl> files;
+    std::ranges::copy_if(urls, std::back_inserter(files), &QUrl::isLocalFile);
+    return files;
+}
+
+} // namespace
+
 BillScanModel::BillScanModel(ScanJob &job, OpenPanel &panel, QObject *parent)
     : QObject(parent), m_job(job), m_panel(panel) {
     connect(&job, &ScanJob::progress, this, &BillScanModel::noticeProgress);
@@ -32,16 +42,17 @@ void BillScanModel::pressScan() {
 }
 
 bool BillScanModel::handleDrop(const QList<QUrl> &urls) {
-    QList<QUrl> files;
-    std::ranges::copy_if(urls, std::back_inserter(files), &QUrl::isLocalFile);
+    const QList<QUrl> files = localFiles(urls);
     return !files.isEmpty() && scan(files);
 }
 
 void BillScanModel::readFiles(const QList<QUrl> &urls) {
-    if (m_isScanning)
-        m_waiting += urls;
-    else
+    if (!m_isScanning) {
         handleDrop(urls);
+        return;
+    }
+    const QList<QUrl> files = localFiles(urls);
+    m_waiting += files.first(std::min(files.size(), mostWaiting - m_waiting.size()));
 }
 
 bool BillScanModel::scan(const QList<QUrl> &urls) {

@@ -51,6 +51,9 @@ public:
     /// a scan is running.
     Q_INVOKABLE bool handleDrop(const QList<QUrl> &urls);
 
+    /// More files than that do not wait for the running scan; they are left out.
+    static constexpr qsizetype mostWaiting = 10000;
+
     /// Has files read that were handed to the program: now, or after the running scan.
     void readFiles(const QList<QUrl> &urls);
 

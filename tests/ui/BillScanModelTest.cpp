@@ -149,6 +149,17 @@ TEST_F(BillScanModelTest, ReadsFilesThatAreHandedOverWhileItScansAfterwards) {
     EXPECT_FALSE(model.isScanning());
 }
 
+TEST_F(BillScanModelTest, LetsNoMoreThanTenThousandFilesWait) {
+    const QList<QUrl> many(6000, filesNamed({u"bill two"_s}).first());
+    model.readFiles(filesNamed({u"bill one"_s}));
+    model.readFiles(many);
+    model.readFiles(QList<QUrl>(6000, QUrl(u"https://example.com"_s)));
+    model.readFiles(many);
+    model.readFiles(many);
+    ASSERT_TRUE(waitFor([this] { return tellings == 1; }));
+    EXPECT_EQ(model.filesTotal(), 10000);
+}
+
 TEST_F(BillScanModelTest, AsksAfterThePressIsOver) {
     panel.choice = filesNamed({u"bill"_s});
     model.pressScan();
