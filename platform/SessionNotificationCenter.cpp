@@ -26,9 +26,6 @@ namespace tovarin {
 
 namespace {
 
-/// A program that starts has better to do.
-constexpr auto firstDelay = 100ms;
-
 /// So many leave megabytes behind, which the allocator would keep.
 constexpr qsizetype manyChanges = 1'000;
 
@@ -79,9 +76,6 @@ SessionNotificationCenter::SessionNotificationCenter(QString bundleIdentifier,
     , m_bundleIdentifier(std::move(bundleIdentifier))
     , m_bus(bus)
     , m_program(std::move(notifierProgram)) {
-    m_gathering.setSingleShot(true);
-    m_gathering.setInterval(firstDelay);
-    connect(&m_gathering, &QTimer::timeout, this, &SessionNotificationCenter::flush);
     m_starting.setSingleShot(true);
     m_starting.setInterval(startTime);
     connect(&m_starting, &QTimer::timeout, this, &SessionNotificationCenter::flush);
@@ -141,7 +135,7 @@ void SessionNotificationCenter::removeAllPending() {
 void SessionNotificationCenter::pending(Question answer) {
     m_questions.append(std::move(answer));
     m_hasStarted = false;
-    QMetaObject::invokeMethod(this, &SessionNotificationCenter::flush, Qt::QueuedConnection);
+    flushSoon();
 }
 
 bool SessionNotificationCenter::isUsable() const {
@@ -153,13 +147,16 @@ void SessionNotificationCenter::enqueue(const Change &change) {
         return;
     m_queue.append(change);
     m_hasStarted = false;
-    if (m_hasSent)
+    flushSoon();
+}
+
+void SessionNotificationCenter::flushSoon() {
+    if (!std::exchange(m_isToFlush, true))
         QMetaObject::invokeMethod(this, &SessionNotificationCenter::flush, Qt::QueuedConnection);
-    else if (!m_gathering.isActive())
-        m_gathering.start();
 }
 
 void SessionNotificationCenter::flush() {
+    m_isToFlush = false;
     if (!isUsable())
         answerQuestions({});
     else if (m_isCalling || m_starting.isActive())
@@ -171,7 +168,7 @@ void SessionNotificationCenter::flush() {
 }
 
 void SessionNotificationCenter::send() {
-    m_isCalling = m_hasSent = true;
+    m_isCalling = true;
     const NotificationMessages::EncodedChanges first = NotificationMessages::encodeChanges(m_queue);
     m_sent = m_queue.first(first.count);
     m_queue.remove(0, first.count);
@@ -237,7 +234,7 @@ void SessionNotificationCenter::startNotifier() {
     }
     if (m_program.isEmpty()) {
         // The bus may start another one in the place of one that was just leaving.
-        QMetaObject::invokeMethod(this, &SessionNotificationCenter::flush, Qt::QueuedConnection);
+        flushSoon();
         return;
     }
     QProcess notifier;

@@ -30,10 +30,9 @@ namespace tovarin {
 ///
 /// Calls never wait: what is asked for before the event loop runs again is sent in one message (in
 /// several, one after the other, if it is too long for one), and stays here while there is nobody
-/// to take it. The very first message waits for a tenth of a second, while the program starts.
-/// Without a session bus, or without a bundle identifier, everything is dropped. No desktop lets a
-/// program ask for leave; users forbid what they don't like in the desktop's settings, and it is
-/// planned all the same. So leave is granted wherever there is a bus.
+/// to take it. Without a session bus, or without a bundle identifier, everything is dropped. No
+/// desktop lets a program ask for leave; users forbid what they don't like in the desktop's
+/// settings, and it is planned all the same. So leave is granted wherever there is a bus.
 ///
 /// For the main thread.
 class SessionNotificationCenter final : public QObject, public NotificationCenter {
@@ -73,6 +72,8 @@ private:
     bool isUsable() const;
     void enqueue(const Change &change);
     void flush();
+    /// From the event loop, once for all that is asked for until then.
+    void flushSoon();
     void send();
     void ask();
     void finish(const QDBusPendingCallWatcher &call);
@@ -87,11 +88,10 @@ private:
     QList<Change> m_queue; ///< Not yet sent.
     QList<Change> m_sent;  ///< Not yet answered.
     QList<Question> m_questions;
+    bool m_isToFlush = false;
     bool m_isCalling = false;
     bool m_mayHavePending = false; ///< The notifier, by its last answer.
     bool m_hasStarted = false;     ///< The notifier, for what is to be sent now.
-    bool m_hasSent = false;        ///< Anything yet.
-    QTimer m_gathering;            ///< Runs before the first message.
     QTimer m_starting;             ///< Runs while it is expected to come up.
 };
 
