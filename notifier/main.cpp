@@ -30,6 +30,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <malloc.h>
+#include <unistd.h>
 
 using namespace tovarin;
 using namespace Qt::Literals::StringLiterals;
@@ -41,6 +42,9 @@ const QString applicationId = u"app.tovarin.Tovarin"_s;
 
 /// Whoever has started it wants something of it, which may take a moment to arrive.
 constexpr auto graceTime = 3s;
+
+/// Longer than a bus takes that answers at all.
+constexpr unsigned mostStartTime = 30; // seconds
 
 /// What a notifier that has just died may still hold its lock.
 constexpr int lockAttempts = 200;
@@ -105,6 +109,8 @@ int main(int argc, char **argv) {
     mallopt(M_ARENA_MAX, 1);
     QCoreApplication application(argc, argv);
 
+    // Qt waits for ever for a bus that goes away in the moment when it is asked something.
+    alarm(mostStartTime);
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return EXIT_SUCCESS;
@@ -146,6 +152,7 @@ int main(int argc, char **argv) {
         if (notifier.isIdle())
             QCoreApplication::quit();
     });
+    alarm(0);
     notifier.look();
     return QCoreApplication::exec();
 }
