@@ -70,8 +70,6 @@ FocusScope {
             }
         }
         Grid {
-            id: grid
-
             columns: root.calendar.columns
             spacing: root.spacing
 

@@ -7,8 +7,6 @@ import QtQuick.Templates as T
 // What every button does: it is reached by Tab, pressed by Space and by Return, and a screen reader
 // finds it under its title and can press it. How it looks is up to the buttons made of it.
 T.AbstractButton {
-    id: root
-
     required property string title
 
     focusPolicy: Qt.StrongFocus

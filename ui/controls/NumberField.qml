@@ -7,8 +7,6 @@ import Tovarin
 // A number to type in, as the user's locale writes numbers. What is no number, an emptied field
 // included, leaves the number as it was, and the field says so.
 TextField {
-    id: root
-
     property real value: 0
 
     // The user typed another number; `value` is left to who listens.
