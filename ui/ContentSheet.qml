@@ -13,8 +13,14 @@ Sheet {
     label: screen.item?.label ?? ""
     preferredWidth: screen.item?.implicitWidth ?? 0
     preferredHeight: screen.item?.implicitHeight ?? 0
-    // Escape, as the other ways to close come from the sheets' models.
-    onClosed: sheets.dismiss()
+    // It is closed, and the next has not yet opened, if one waits.
+    signal left
+
+    onClosed: {
+        left();
+        // Escape, as the other ways to close come from the sheets' models.
+        sheets.dismiss();
+    }
 
     // A screen takes its model once: it ends before the model does, and must not see it go.
     function showScreen() {

@@ -10,6 +10,7 @@ FocusScope {
     required property ContentModel content
     required property BillScanModel bills
     required property ContentSheets sheets
+    property MenuBar menuBar: null
     // The entries come a frame after what stands above them, which is in sight so much the sooner.
     property bool hasEntries: true
 
@@ -209,8 +210,10 @@ FocusScope {
         }
     }
 
+    // The whole window, with its menus.
     DropArea {
         anchors.fill: parent
+        anchors.topMargin: -(root.menuBar?.height ?? 0)
         keys: ["text/uri-list"]
         enabled: !root.bills.isScanning
         // Never "move": the source would delete its files.
@@ -231,11 +234,10 @@ FocusScope {
     }
 
     ContentSheet {
-        id: sheet
-
         sheets: root.sheets
+        menuBar: root.menuBar
         onAboutToShow: cameFromList = before?.subscriptionID !== undefined || !before
-        onClosed: {
+        onLeft: {
             if (cameFromList && byKeyboard)
                 list.returnToEntry();
         }

@@ -32,14 +32,14 @@ Window {
         }
     }
     MainMenuBar {
-        id: menuBar
+        id: menus
 
         anchors.left: parent.left
         anchors.right: parent.right
         menu: root.menu
     }
     ContentView {
-        anchors.top: menuBar.bottom
+        anchors.top: menus.bottom
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
@@ -47,6 +47,7 @@ Window {
         content: root.content
         bills: root.bills
         sheets: root.sheets
+        menuBar: menus
         hasEntries: root.wasDrawn
     }
 }

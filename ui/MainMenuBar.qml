@@ -60,14 +60,6 @@ MenuBar {
     // The fields know these keys themselves.
     Menu {
         title: root.isZh ? "编辑" : "Edit"
-        onAboutToShow: {
-            if (!root.before)
-                root.remember(root.Window.activeFocusItem);
-        }
-        onClosed: {
-            if (!root.before)
-                root.giveBack();
-        }
         lines: Component {
             MenuLines {
                 MenuItem {

@@ -147,17 +147,18 @@ QString MainWindow::focused() const {
     return at->objectName().isEmpty() ? at->property("title").toString() : at->objectName();
 }
 
-Qt::DropAction MainWindow::drop(const QList<QUrl> &urls, Qt::DropAction proposed) {
+Qt::DropAction MainWindow::drop(const QList<QUrl> &urls, Qt::DropAction proposed,
+                                std::optional<QPoint> place) {
     QMimeData files;
     files.setUrls(urls);
-    const QPoint middle(window->width() / 2, window->height() / 2);
+    const QPoint at = place.value_or(QPoint(window->width() / 2, window->height() / 2));
     const Qt::DropActions possible = Qt::CopyAction | Qt::MoveAction;
-    QDragEnterEvent enter(middle, possible, &files, Qt::LeftButton, {});
+    QDragEnterEvent enter(at, possible, &files, Qt::LeftButton, {});
     enter.setDropAction(proposed);
     QCoreApplication::sendEvent(window, &enter);
     if (!enter.isAccepted())
         return Qt::IgnoreAction;
-    QDropEvent drop(middle, possible, &files, Qt::LeftButton, {});
+    QDropEvent drop(at, possible, &files, Qt::LeftButton, {});
     drop.setDropAction(proposed);
     QCoreApplication::sendEvent(window, &drop);
     settle();

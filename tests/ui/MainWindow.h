@@ -67,8 +67,10 @@ protected:
     /// What the keyboard is at: its title, or its name.
     QString focused() const;
 
-    /// What the window does with files that are dropped on its middle: the action that it takes.
-    Qt::DropAction drop(const QList<QUrl> &urls, Qt::DropAction proposed = Qt::CopyAction);
+    /// What the window does with files that are dropped there, or on its middle: the action that it
+    /// takes.
+    Qt::DropAction drop(const QList<QUrl> &urls, Qt::DropAction proposed = Qt::CopyAction,
+                        std::optional<QPoint> place = {});
 
     void waitForScan();
 

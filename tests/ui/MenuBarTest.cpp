@@ -14,6 +14,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace tovarin {
@@ -40,16 +42,43 @@ protected:
         return stage.itemWith("text", text);
     }
 
+    /// Whether such a text is in sight soon.
+    bool isInSight(const QString &text) {
+        return QTest::qWaitFor([&] { return stage.itemWith("text", text) != nullptr; });
+    }
+    bool isGone(const QString &text) {
+        return QTest::qWaitFor([&] { return !stage.itemWith("text", text); });
+    }
+
+    /// Chooses a line of the edit menu.
+    void choose(const QString &text) {
+        QQuickItem *const item = line(pair(u"编辑"_s, u"Edit"_s), text);
+        ASSERT_TRUE(item) << text.toStdString();
+        EXPECT_TRUE(item->isEnabled()) << text.toStdString();
+        stage.click(*item);
+        ASSERT_TRUE(isGone(text));
+        stage.settle();
+    }
+
+    void openSheet() {
+        QObject &sheet = stage.object("sheet");
+        QMetaObject::invokeMethod(&sheet, "open");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return sheet.property("opened").toBool(); }));
+        stage.settle();
+    }
+
     // The menu speaks the language of the start, whatever the program speaks now.
     LanguageScope language{GetParam() ? LocalizationManager::Lang::en
                                       : LocalizationManager::Lang::zh};
     MainMenu menu{GetParam()};
-    Stage stage{u"Item { objectName: 'holder'; property var menu: null; width: 480;"
-                "  Loader { active: parent.menu; width: 480; sourceComponent: MainMenuBar {"
-                "    menu: parent.parent.menu } } }"
-                "TextField { objectName: 'field'; y: 200; label: 'Name' }"
-                "SoftButton { objectName: 'button'; y: 250; title: 'Button' }"
-                "Sheet { objectName: 'sheet'; label: 'Sheet' }"_s};
+    Stage stage{
+        u"Item { objectName: 'holder'; property var menu: null; width: 480;"
+        "  Loader { id: bar; active: parent.menu; onLoaded: item.parent = Window.contentItem;"
+        "    sourceComponent: MainMenuBar { width: 480; menu: bar.parent.menu } } }"
+        "TextField { objectName: 'field'; y: 200; label: 'Name' }"
+        "SoftButton { objectName: 'button'; y: 250; title: 'Button' }"
+        "Sheet { objectName: 'sheet'; label: 'Sheet'; menuBar: bar.item;"
+        "  TextField { objectName: 'inside'; label: 'Inside' } }"_s};
     QSignalSpy hide{&menu, &MainMenu::hide};
     QSignalSpy quit{&menu, &MainMenu::quit};
 };
@@ -77,29 +106,136 @@ TEST_P(MainMenuBar, HidesAndQuitsByKeys) {
 }
 
 TEST_P(MainMenuBar, HidesAndQuitsByKeysWhileASheetIsOpen) {
-    QObject &sheet = stage.object("sheet");
-    QMetaObject::invokeMethod(&sheet, "open");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return sheet.property("opened").toBool(); }));
-    stage.settle();
+    openSheet();
     stage.press(Qt::Key_H, Qt::ControlModifier);
     EXPECT_EQ(hide.size(), 1);
     stage.press(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_EQ(quit.size(), 1);
-    // The menus are out of reach.
+}
+
+TEST_P(MainMenuBar, EditsTheFieldOfASheet) {
+    openSheet();
+    QGuiApplication::clipboard()->setText(u"brought"_s);
+    stage.click(stage.item("inside"));
+    choose(pair(u"粘贴"_s, u"Paste"_s));
+    EXPECT_EQ(stage.value("inside", "text"), u"brought"_s);
+    EXPECT_EQ(stage.focused(), u"inside"_s);
+    choose(pair(u"全选"_s, u"Select All"_s));
+    choose(pair(u"剪切"_s, u"Cut"_s));
+    EXPECT_EQ(stage.value("inside", "text"), QString());
+    EXPECT_EQ(stage.focused(), u"inside"_s);
+
+    // And by the keyboard, which stays in the sheet afterwards.
     stage.press(Qt::Key_F10);
+    ASSERT_TRUE(isInSight(pair(u"隐藏 Tovarin"_s, u"Hide Tovarin"_s)));
     stage.settle();
-    EXPECT_FALSE(stage.itemWith("text", pair(u"隐藏 Tovarin"_s, u"Hide Tovarin"_s)));
+    stage.press(Qt::Key_Right);
+    ASSERT_TRUE(isInSight(pair(u"粘贴"_s, u"Paste"_s)));
+    stage.settle();
+    stage.press(Qt::Key_Escape);
+    ASSERT_TRUE(isGone(pair(u"粘贴"_s, u"Paste"_s)));
+    EXPECT_EQ(stage.focused(), u"inside"_s);
+    EXPECT_TRUE(stage.object("sheet").property("opened").toBool());
+    stage.type(u"typed"_s);
+    EXPECT_EQ(stage.value("inside", "text"), u"typed"_s);
+}
+
+TEST_P(MainMenuBar, ClosesWhenASheetOpens) {
+    const QString hideText = pair(u"隐藏 Tovarin"_s, u"Hide Tovarin"_s);
+    stage.click(stage.item("field"));
+    stage.press(Qt::Key_F10);
+    ASSERT_TRUE(isInSight(hideText));
+    stage.settle();
+    openSheet();
+    EXPECT_TRUE(isGone(hideText));
+    EXPECT_FALSE(stage.item("field").hasActiveFocus());
+    QMetaObject::invokeMethod(&stage.object("sheet"), "close");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return stage.item("field").hasActiveFocus(); }));
+    stage.type(u"typed"_s);
+    EXPECT_EQ(stage.value("field", "text"), u"typed"_s);
+}
+
+TEST_P(MainMenuBar, ClosesByWhatOpensIt) {
+    const QString pasteText = pair(u"粘贴"_s, u"Paste"_s);
+    const QString hideText = pair(u"隐藏 Tovarin"_s, u"Hide Tovarin"_s);
+    openSheet();
+    stage.click(stage.item("inside"));
+    stage.type(u"ab"_s);
+    for (int i = 0; i < 2; ++i) {
+        stage.press(Qt::Key_F10);
+        ASSERT_TRUE(isInSight(hideText));
+        stage.press(Qt::Key_F10);
+        ASSERT_TRUE(isGone(hideText));
+        EXPECT_EQ(stage.focused(), u"inside"_s);
+    }
+    stage.press(Qt::Key_F10);
+    ASSERT_TRUE(isInSight(hideText));
+    stage.settle();
+    stage.press(Qt::Key_Right);
+    ASSERT_TRUE(isInSight(pasteText));
+    stage.press(Qt::Key_F10);
+    ASSERT_TRUE(isGone(pasteText));
+    EXPECT_FALSE(stage.itemWith("text", hideText));
+    EXPECT_EQ(stage.focused(), u"inside"_s);
+    QQuickItem &title = *stage.itemWith("text", pair(u"编辑"_s, u"Edit"_s));
+    for (int i = 0; i < 2; ++i) {
+        stage.point(title);
+        stage.click(title);
+        ASSERT_TRUE(isInSight(pasteText));
+        stage.click(title);
+        ASSERT_TRUE(isGone(pasteText));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return stage.focused() == u"inside"_s; }));
+    }
+    stage.type(u"c"_s);
+    EXPECT_EQ(stage.value("inside", "text"), u"abc"_s);
+    stage.press(Qt::Key_Escape);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !stage.value("sheet", "visible").toBool(); }));
+}
+
+TEST_P(MainMenuBar, OpensAtOnceWhereverThePointerWasWhenItClosed) {
+    const QString hideText = pair(u"隐藏 Tovarin"_s, u"Hide Tovarin"_s);
+    const QString pasteText = pair(u"粘贴"_s, u"Paste"_s);
+    QQuickItem &title = *stage.itemWith("text", u"Tovarin"_s);
+    QQuickItem &beside = *stage.itemWith("text", pair(u"编辑"_s, u"Edit"_s));
+    stage.click(stage.item("field"));
+    for (const bool bySheet : {false, true}) {
+        stage.point(title);
+        stage.click(title);
+        ASSERT_TRUE(isInSight(hideText));
+        if (bySheet)
+            openSheet();
+        else
+            stage.press(Qt::Key_Escape);
+        ASSERT_TRUE(isGone(hideText));
+        // The pointer alone opens nothing.
+        stage.point(beside);
+        stage.settle();
+        EXPECT_FALSE(stage.itemWith("text", pasteText));
+        stage.point(title);
+        stage.click(title);
+        ASSERT_TRUE(isInSight(hideText));
+        stage.press(Qt::Key_Escape);
+        ASSERT_TRUE(isGone(hideText));
+    }
+    QMetaObject::invokeMethod(&stage.object("sheet"), "close");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return stage.item("field").hasActiveFocus(); }));
+}
+
+TEST_P(MainMenuBar, IsNotCoveredByASheet) {
+    QObject &sheet = stage.object("sheet");
+    sheet.setProperty("preferredHeight", 5000);
+    openSheet();
+    const qreal end = stage.itemWith("text", u"Tovarin"_s)->height();
+    const qreal height = stage.window().height();
+    EXPECT_EQ(sheet.property("y").toReal(), end + 16);
+    EXPECT_EQ(sheet.property("height").toReal(), height - end - 32);
+    sheet.setProperty("preferredHeight", 100);
+    EXPECT_EQ(sheet.property("y").toReal(), std::round((end + height - 100) / 2));
 }
 
 TEST_P(MainMenuBar, IsOpenedAndWalkedByKeys) {
     const QString hideText = pair(u"隐藏 Tovarin"_s, u"Hide Tovarin"_s);
     const QString pasteText = pair(u"粘贴"_s, u"Paste"_s);
-    const auto isInSight = [this](const QString &text) {
-        return QTest::qWaitFor([&] { return stage.itemWith("text", text) != nullptr; });
-    };
-    const auto isGone = [this](const QString &text) {
-        return QTest::qWaitFor([&] { return !stage.itemWith("text", text); });
-    };
     QGuiApplication::clipboard()->setText(u"brought"_s);
     stage.click(stage.item("field"));
     stage.press(Qt::Key_F10);
@@ -143,15 +279,6 @@ TEST_P(MainMenuBar, IsOpenedAndWalkedByKeys) {
 }
 
 TEST_P(MainMenuBar, EditsTheFieldThatTheKeyboardIsAt) {
-    const QString edit = pair(u"编辑"_s, u"Edit"_s);
-    const auto choose = [&](const QString &text) {
-        QQuickItem *const item = line(edit, text);
-        ASSERT_TRUE(item) << text.toStdString();
-        EXPECT_TRUE(item->isEnabled()) << text.toStdString();
-        stage.click(*item);
-        ASSERT_TRUE(QTest::qWaitFor([&] { return !stage.itemWith("text", text); }));
-        stage.settle();
-    };
     stage.click(stage.item("field"));
     QGuiApplication::clipboard()->setText(u"brought"_s);
     choose(pair(u"粘贴"_s, u"Paste"_s));

@@ -243,6 +243,12 @@ TEST_P(Screens, ScanDroppedFiles) {
     EXPECT_TRUE(texts().contains(pair(u"没有识别到有效内容"_s, u"Nothing recognized"_s)));
 }
 
+TEST_P(Screens, TakeFilesOnTheMenusToo) {
+    open();
+    EXPECT_EQ(drop(filesNamed({u"nothing"_s}), Qt::CopyAction, QPoint(5, 5)), Qt::CopyAction);
+    waitForScan();
+}
+
 /// The source of a move would delete the files.
 TEST_P(Screens, NeverMoveDroppedFiles) {
     open();

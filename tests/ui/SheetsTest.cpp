@@ -198,6 +198,23 @@ TEST_P(Sheets, CloseOneForAHeldEscape) {
     EXPECT_EQ(sheets->sheet(), Sheet::None);
 }
 
+TEST_P(Sheets, TakeTheKeyboardWhenTheirTurnComes) {
+    openWith({u"one"_s, u"two"_s});
+    while (focused() != u"scan"_s)
+        press(Qt::Key_Tab);
+    press(Qt::Key_Tab);
+    press(Qt::Key_Return);
+    ASSERT_EQ(sheets->sheet(), Sheet::Detail);
+    sheets->take({sampleSubscription(u"bill"_s)});
+    press(Qt::Key_Escape);
+    ASSERT_EQ(sheets->sheet(), Sheet::Editor);
+    type(u"!"_s);
+    EXPECT_EQ(item("name").property("text"), u"bill!"_s);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(sheets->sheet(), Sheet::None);
+    EXPECT_EQ(window->activeFocusItem()->property("name"), u"one"_s);
+}
+
 TEST_P(Sheets, LeaveTheKeyboardAtTheEntry) {
     openWith({u"one"_s, u"two"_s, u"three"_s});
     while (focused() != u"scan"_s)

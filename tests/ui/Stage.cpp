@@ -75,6 +75,11 @@ QPoint Stage::middleOf(QQuickItem &item) const {
     return item.mapRectToScene(item.boundingRect()).center().toPoint();
 }
 
+void Stage::point(QQuickItem &item) {
+    QTest::mouseMove(&m_window, middleOf(item));
+    settle();
+}
+
 void Stage::click(QQuickItem &item, Qt::MouseButton button) {
     QTest::mouseClick(&m_window, button, {}, middleOf(item));
     settle();

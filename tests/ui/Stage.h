@@ -43,6 +43,8 @@ public:
     QImage settle();
 
     QPoint middleOf(QQuickItem &item) const;
+    /// Brings the pointer to the middle of the item.
+    void point(QQuickItem &item);
     void click(QQuickItem &item, Qt::MouseButton button = Qt::LeftButton);
     /// A key that goes down (again and again, if it is held) and up.
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});

@@ -13,27 +13,65 @@ T.MenuBar {
     implicitHeight: 32
     leftPadding: Theme.pageMargin - 10
 
-    // Where the keyboard was before F10 took it to the menus; it goes back there when they close.
+    // Where the keyboard was before it went to the menus; it goes back there when they close.
     property Item before: null
+    property bool wasEntered: false
+    // Whether the last press on a title closed a menu.
+    property bool closedByTitle: false
 
-    function leave() {
+    readonly property bool isOpen: {
         for (let i = 0; i < count; ++i) {
             if (menuAt(i).visible)
-                return;
+                return true;
+        }
+        return false;
+    }
+
+    function enter() {
+        wasEntered = true;
+        closedByTitle = false;
+        if (!before)
+            before = Window.activeFocusItem;
+    }
+
+    function leave() {
+        if (isOpen || !wasEntered)
+            return;
+        wasEntered = false;
+        // The bar still takes a menu for open that closed while the pointer was on its title: the
+        // next press there would do nothing, and the pointer alone would open the one beside it.
+        // A press more makes it see.
+        for (let i = 0; i < count; ++i) {
+            const title = itemAt(i) as T.MenuBarItem;
+            if (title.highlighted && !closedByTitle)
+                title.triggered();
         }
         const item = before;
         before = null;
-        // It isn't, behind a sheet that opened meanwhile.
-        if (item && item.enabled)
+        if (item && item.visible && item.enabled)
             item.forceActiveFocus(Qt.PopupFocusReason);
     }
 
-    // The key that opens the first menu, as on most desktops; the arrow keys go on from there.
+    // Closes the menu that is open, at once.
+    function close() {
+        for (let i = 0; i < count; ++i)
+            menuAt(i).close();
+        leave();
+    }
+
+    // The key that opens the first menu, as on most desktops, and closes it again; the arrow keys go
+    // on from there. A sheet leaves it to the window, which it would not do with a window's shortcut.
     Shortcut {
         sequence: "F10"
+        context: Qt.ApplicationShortcut
+        autoRepeat: false
+        enabled: root.Window.active
         onActivated: {
+            if (root.isOpen) {
+                root.close();
+                return;
+            }
             const first = root.itemAt(0) as T.MenuBarItem;
-            root.before = root.Window.activeFocusItem;
             first.triggered();
             first.menu.currentIndex = 0;
         }
@@ -55,12 +93,19 @@ T.MenuBar {
 
             // Bound components cannot be made from others in Qt 6.4.
             // qmllint disable unqualified
+            function onAboutToShow() {
+                root.enter();
+            }
             // Perhaps for the one beside it.
             function onClosed() {
                 Qt.callLater(root.leave);
             }
             // qmllint enable unqualified
         }
+
+        // qmllint disable unqualified
+        onTriggered: root.closedByTitle = menu.visible
+        // qmllint enable unqualified
 
         Accessible.name: text
         Accessible.onPressAction: {

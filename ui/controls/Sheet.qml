@@ -5,8 +5,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Tovarin
 
-// A screen above the window, which is dimmed and out of reach meanwhile. Tab stays inside, and
-// Escape closes it. Where the window is small, so is the sheet.
+// A screen above the window, which is dimmed and out of reach meanwhile, but for its menus. Tab
+// stays inside, and Escape closes it. Where the window is small, so is the sheet.
 T.Popup {
     id: root
 
@@ -14,7 +14,10 @@ T.Popup {
     required property string label
     property real preferredWidth: 520
     property real preferredHeight: 620
+    // The window's, along its top; what is typed in the sheet can be edited from there.
+    property MenuBar menuBar: null
 
+    readonly property real top: menuBar?.height ?? 0
     // Where the keyboard was, and whether the user had brought it there by keys.
     property Item before: null
     property bool byKeyboard: false
@@ -23,20 +26,21 @@ T.Popup {
 
     parent: T.Overlay.overlay
     x: parent ? Math.round((parent.width - width) / 2) : 0
-    y: parent ? Math.round((parent.height - height) / 2) : 0
+    y: parent ? Math.round((top + parent.height - height) / 2) : 0
     width: parent ? Math.min(preferredWidth, parent.width - 32) : preferredWidth
-    height: parent ? Math.min(preferredHeight, parent.height - 32) : preferredHeight
+    height: parent ? Math.min(preferredHeight, parent.height - top - 32) : preferredHeight
     modal: true
     focus: true
     closePolicy: T.Popup.NoAutoClose
 
     onAboutToShow: {
+        menuBar?.close();
         before = parent.Window.activeFocusItem;
         byKeyboard = before?.visualFocus ?? false;
         const items = parent.Window.contentItem.children;
         behind = [];
         for (let i = 0; i < items.length; ++i) {
-            if (items[i] !== parent && items[i].enabled)
+            if (items[i] !== parent && items[i] !== menuBar && items[i].enabled)
                 behind.push(items[i]);
         }
         behind.forEach(item => item.enabled = false);
@@ -49,7 +53,12 @@ T.Popup {
         before = null;
     }
 
+    // It is given the size of the window; where it isn't, the mouse goes to what is below.
     T.Overlay.modal: Rectangle {
+        // Bound components cannot be made from others in Qt 6.4.
+        // qmllint disable unqualified
+        y: root.top
+        // qmllint enable unqualified
         color: Qt.rgba(0, 0, 0, 0.6)
     }
     background: Rectangle {
