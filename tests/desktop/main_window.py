@@ -96,7 +96,8 @@ class MainWindow:
         sheet, behind which they are out of a screen reader's reach."""
         self.language = language
         self.frame = app.find("frame", TITLES[language], timeout=20)
-        wait_for("the entries or a sheet", self._is_complete, 20)
+        wait_for(lambda: f"the entries or a sheet {self.frame.where_to_look()}",
+                 self._is_complete, 20)
 
     @functools.cached_property
     def list(self):

@@ -673,7 +673,11 @@ class Element:
         def look():
             found[:] = self.find_all(role, name, text, **kw)
             return found
-        return wait_for(lambda: f"{role or 'element'} {name or text or ''!r} in:\n" + self.tree(), look, timeout, 0.1)[0]
+        return wait_for(lambda: f"{role or 'element'} {name or text or ''!r} {self.where_to_look()}", look, timeout, 0.1)[0]
+
+    def where_to_look(self):
+        """For a message: what was searched, hidden or not, and the windows on the screen."""
+        return f"in:\n{self.tree(hidden=True)}\nwith the windows {self.s.windows()}"
 
     def gone(self, role=None, name=None, text=None, timeout=5, **kw):
         wait_for(f"{role} {name or text!r} to go away", lambda: not self.find_all(role, name, text, **kw), timeout, 0.1)
@@ -693,7 +697,8 @@ class Element:
             try:
                 note = [x for x in ("focused", "checked", "selected", "expanded", "modal", "active", "read-only") if x in st]
                 note += [] if "sensitive" in st else ["disabled"]
-                note += [] if {"showing", "visible"} <= st else ["hidden"]
+                note += [] if {"showing", "visible"} <= st else [f"hidden at {e.rect}"]
+                note += [f"at {e.rect}"] if e.role in ("frame", "dialog") else []
                 t = e.text
                 lines.append("  " * d + f"{e.role} {e.name!r}" + (f" text={t!r}" if t != e.name else "") + (" " + ",".join(note) if note else ""))
             except GLib.Error:

@@ -16,8 +16,10 @@ from main_window import (BILLS, LOCALES, SAMPLE, TITLES, MainWindow, configure, 
 from program_test import MOST_SECONDS_TO_QUIT, main
 from session import Tray, wait_for
 from shell import CHARGES, TOOLTIPS, Shell, session
-from words import CHOOSE, EDIT, EMPTY_HEAD, MENU_HIDE, MENU_QUIT, OPEN, QUIT, SCAN
+from words import (ADD, CHOOSE, EDIT, EDITORS, EMPTY_HEAD, MENU_ALL, MENU_CUT, MENU_HIDE,
+                   MENU_PASTE, MENU_QUIT, NAME, OPEN, QUIT, SCAN)
 
+SCANNING_OF_30 = {"en": re.compile("^Scanning [0-9]/30$"), "zh": re.compile("^识别中 [0-9]/30$")}
 IDLE_SECONDS = 10
 # Qt tidies its cache of fonts up three times, 10 s apart, before it sleeps for good.
 MOST_WAKINGS = 2
@@ -166,15 +168,41 @@ class Comings(Shell):
             self.expect_end(app, since)
 
     def test_a_frame_on_a_screen_that_is_gone_comes_back_whole(self):
-        with session("en") as desktop:
-            for saved, expected in (("5000 3000 800 500 normal", (480, 400, 800, 500)),
-                                    ("-3000 100 800 500 normal", (0, 100, 800, 500)),
-                                    ("4000 0 3000 2000 normal", (0, 30, 1280, 870))):
-                with self.subTest(saved):
-                    configure(desktop, TovarinMainWindow__frame=saved)
-                    app, window = self.start(desktop, "en")
-                    self.assertEqual(window.frame.rect, expected)
-                    self.end(desktop, app, "en")
+        for language in LOCALES:
+            with session(language) as desktop:
+                for saved, expected in (("5000 3000 800 500 normal", (480, 400, 800, 500)),
+                                        ("-3000 100 800 500 normal", (0, 100, 800, 500)),
+                                        ("4000 0 3000 2000 normal", (0, 30, 1280, 870))):
+                    with self.subTest(saved, language=language):
+                        configure(desktop, TovarinMainWindow__frame=saved)
+                        app, window = self.start(desktop, language)
+                        self.assertEqual(window.frame.rect, expected)
+                        self.end(desktop, app, language)
+
+
+class Menus(Shell):
+    def test_edit_what_is_typed_in_a_sheet(self):
+        for language in LOCALES:
+            with self.subTest(language), session(language) as desktop:
+                app, window = self.start(desktop, language)
+                window.frame.find("push button", ADD[language]).click()
+                name = app.find("dialog", EDITORS["add"][language]).find("text", NAME[language])
+                name.fill("Typed")
+                self.choose_in_menu(app, EDIT[language], MENU_ALL[language])
+                self.choose_in_menu(app, EDIT[language], MENU_CUT[language])
+                wait_for("an empty field", lambda: name.text == "")
+                self.choose_in_menu(app, EDIT[language], MENU_PASTE[language])
+                wait_for("what was cut", lambda: name.text == "Typed")
+                self.picture(desktop, f"window-sheet-{language}.png")
+                self.choose_in_menu(app, "Tovarin", MENU_HIDE[language])
+                self.wait_unseen(app)
+                self.open_panel(desktop, app).button(OPEN[language]).click()
+                app.wait_window(TITLES[language])
+                desktop.type("!")
+                wait_for("the keyboard where it was", lambda: name.text == "Typed!")
+                since = time.monotonic()
+                self.choose_in_menu(app, "Tovarin", MENU_QUIT[language])
+                self.expect_end(app, since)
 
 
 class Ends(Shell):
@@ -191,13 +219,14 @@ class Ends(Shell):
                 self.expect_end(app, since)
 
     def test_while_the_window_is_closed(self):
-        with session("en") as desktop:
-            app, _ = self.start(desktop, "en")
-            desktop.close_window()
-            panel = self.open_panel(desktop, app)
-            since = time.monotonic()
-            panel.button(QUIT["en"]).click()
-            self.expect_end(app, since)
+        for language in LOCALES:
+            with self.subTest(language), session(language) as desktop:
+                app, _ = self.start(desktop, language)
+                desktop.close_window()
+                panel = self.open_panel(desktop, app)
+                since = time.monotonic()
+                panel.button(QUIT[language]).click()
+                self.expect_end(app, since)
 
     def test_by_the_key_in_the_panel(self):
         for language in LOCALES:
@@ -213,30 +242,33 @@ class Ends(Shell):
                     self.expect_end(app, since)
 
     def test_while_the_file_dialog_is_open(self):
-        with session("en") as desktop:
-            app, window = self.start(desktop, "en")
-            window.frame.find("push button", SCAN["en"]).click()
-            app.find("dialog", CHOOSE["en"])
-            panel = self.open_panel(desktop, app)
-            since = time.monotonic()
-            panel.button(QUIT["en"]).click()
-            self.expect_end(app, since)
+        for language in LOCALES:
+            with self.subTest(language), session(language) as desktop:
+                app, window = self.start(desktop, language)
+                window.frame.find("push button", SCAN[language]).click()
+                app.find("dialog", CHOOSE[language])
+                panel = self.open_panel(desktop, app)
+                since = time.monotonic()
+                panel.button(QUIT[language]).click()
+                self.expect_end(app, since)
 
     def test_while_bills_are_read(self):
-        with session("en") as desktop:
-            bills = []
-            for number in range(30):
-                bills.append(os.path.join(desktop.home, f"bill {number}.png"))
-                shutil.copyfile(os.path.join(BILLS, "clean/purchase-history-2x.png"), bills[-1])
-            app = desktop.start([self.program, *bills])
-            window = MainWindow(app, "en")
-            app.wait_window(TITLES["en"])
-            window.frame.find("push button", re.compile("^Scanning [0-9]/30$"), timeout=20)
-            since = time.monotonic()
-            desktop.key("ctrl+q")
-            self.expect_end(app, since)
-            self.assertFalse(os.path.exists(data_file(desktop)))
-            wait_for("no process left", lambda: not self.scanners(desktop))
+        for language in LOCALES:
+            with self.subTest(language), session(language) as desktop:
+                bills = []
+                for number in range(30):
+                    bills.append(os.path.join(desktop.home, f"bill {number}.png"))
+                    shutil.copyfile(os.path.join(BILLS, "clean/purchase-history-2x.png"),
+                                    bills[-1])
+                app = desktop.start([self.program, *bills])
+                window = MainWindow(app, language)
+                app.wait_window(TITLES[language])
+                window.frame.find("push button", SCANNING_OF_30[language], timeout=20)
+                since = time.monotonic()
+                desktop.key("ctrl+q")
+                self.expect_end(app, since)
+                self.assertFalse(os.path.exists(data_file(desktop)))
+                wait_for("no process left", lambda: not self.scanners(desktop))
 
     def scanners(self, desktop):
         return [name for name in glob.glob("/proc/[0-9]*/cmdline")
@@ -369,6 +401,7 @@ class Pictures(Shell):
                 self.picture(desktop, f"panel-long-{language}.png")
                 desktop.key("Escape")
                 panel.wait_closed()
+                self.picture(desktop, f"window-long-{language}.png")
                 self.end(desktop, app, language)
 
     def expect_apart(self, texts):
@@ -376,6 +409,34 @@ class Pictures(Shell):
         places = [text.rect for text in texts]
         for (x, _, width, _), (following, _, _, _) in zip(places, places[1:]):
             self.assertLessEqual(x + width, following)
+
+    def test_many_entries(self):
+        many = [record(number, f"Entry {number:03}", f"2025-01-{1 + number % 28:02}", number)
+                for number in range(1, 201)]
+        for language in LOCALES:
+            with self.subTest(language), \
+                    session(language, lambda s: install_records(s, many)) as desktop:
+                app, window = self.start(desktop, language)
+                self.picture(desktop, f"window-many-{language}.png")
+                self.assertEqual(window.head()[8], "56")
+                desktop.key("End")
+                # The cheapest.
+                window.list.find("list item", "Entry 001")
+                self.picture(desktop, f"window-many-end-{language}.png")
+                self.end(desktop, app, language)
+
+    def test_two_pixels_for_each(self):
+        for language in LOCALES:
+            with self.subTest(language), \
+                    session(language, lambda s: install_records(s, CHARGES), size=(2560, 1800),
+                            env={"QT_SCALE_FACTOR": "2"}) as desktop:
+                app, _ = self.start(desktop, language)
+                self.picture(desktop, f"window-2x-{language}.png")
+                panel = self.open_panel(desktop, app)
+                self.picture(desktop, f"panel-2x-{language}.png")
+                desktop.key("Escape")
+                panel.wait_closed()
+                self.end(desktop, app, language)
 
     def test_sizes(self):
         for language in LOCALES:

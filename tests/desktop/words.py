@@ -7,6 +7,8 @@ QUIT = {"en": "Quit", "zh": "退出"}
 MENU_HIDE = {"en": "Hide Tovarin", "zh": "隐藏 Tovarin"}
 MENU_QUIT = {"en": "Quit Tovarin", "zh": "退出 Tovarin"}
 MENU_CUT = {"en": "Cut", "zh": "剪切"}
+MENU_PASTE = {"en": "Paste", "zh": "粘贴"}
+MENU_ALL = {"en": "Select All", "zh": "全选"}
 
 # The main window.
 ADD = {"en": "Add", "zh": "添加订阅"}
