@@ -112,40 +112,24 @@ FocusScope {
         }
     }
 
-    Item {
+    SheetFooter {
         id: footer
 
-        anchors.bottom: parent.bottom
-        width: parent.width
-        height: 72
-
-        Rectangle {
-            width: parent.width
-            height: 1
-            color: Theme.hairline
+        Item {
+            Layout.fillWidth: true
         }
-        RowLayout {
-            anchors.fill: parent
-            anchors.leftMargin: 24
-            anchors.rightMargin: 24
-            spacing: 12
-
-            Item {
-                Layout.fillWidth: true
-            }
-            SoftButton {
-                objectName: "cancel"
-                focus: root.isEmpty
-                title: root.review.cancelTitle
-                onClicked: root.review.cancel()
-            }
-            SoftButton {
-                objectName: "confirm"
-                prominent: true
-                enabled: root.review.canConfirm
-                title: root.review.confirmTitle
-                onClicked: root.review.save()
-            }
+        SoftButton {
+            objectName: "cancel"
+            focus: root.isEmpty
+            title: root.review.cancelTitle
+            onClicked: root.review.cancel()
+        }
+        SoftButton {
+            objectName: "confirm"
+            prominent: true
+            enabled: root.review.canConfirm
+            title: root.review.confirmTitle
+            onClicked: root.review.save()
         }
     }
     Rectangle {

@@ -173,53 +173,35 @@ FocusScope {
         color: Theme.hairline
         visible: root.middle.contentY > 0
     }
-    Item {
+    SheetFooter {
         id: footer
 
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.bottom: parent.bottom
-        height: 72
-
-        Rectangle {
-            anchors.left: parent.left
-            anchors.right: parent.right
-            height: 1
-            color: Theme.hairline
+        SoftButton {
+            objectName: "skip"
+            title: root.isZh ? "跳过" : "Skip"
+            onClicked: root.quickPick.skip()
         }
-        RowLayout {
-            anchors.fill: parent
-            anchors.leftMargin: 24
-            anchors.rightMargin: 24
-            spacing: 12
-
-            SoftButton {
-                objectName: "skip"
-                title: root.isZh ? "跳过" : "Skip"
-                onClicked: root.quickPick.skip()
-            }
-            Item {
-                Layout.fillWidth: true
-            }
-            SoftButton {
-                objectName: "continue"
-                visible: root.picking
-                prominent: true
-                enabled: root.quickPick.canConfirm
-                icon.name: "arrow.right"
-                title: root.isZh ? "下一步" : "Continue"
-                onClicked: root.goOn()
-            }
-            SoftButton {
-                objectName: "add"
-                visible: !root.picking
-                prominent: true
-                enabled: root.quickPick.canSave
-                icon.name: "checkmark"
-                title: root.isZh ? "添加 " + root.quickPick.count + " 项"
-                                 : "Add " + root.quickPick.count
-                onClicked: root.goOn()
-            }
+        Item {
+            Layout.fillWidth: true
+        }
+        SoftButton {
+            objectName: "continue"
+            visible: root.picking
+            prominent: true
+            enabled: root.quickPick.canConfirm
+            icon.name: "arrow.right"
+            title: root.isZh ? "下一步" : "Continue"
+            onClicked: root.goOn()
+        }
+        SoftButton {
+            objectName: "add"
+            visible: !root.picking
+            prominent: true
+            enabled: root.quickPick.canSave
+            icon.name: "checkmark"
+            title: root.isZh ? "添加 " + root.quickPick.count + " 项"
+                             : "Add " + root.quickPick.count
+            onClicked: root.goOn()
         }
     }
 }

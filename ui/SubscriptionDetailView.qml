@@ -168,24 +168,12 @@ FocusScope {
         }
     }
 
-    Item {
+    SheetFooter {
         id: footer
 
-        anchors.bottom: parent.bottom
-        width: parent.width
-        height: 72
-
-        Rectangle {
-            width: parent.width
-            height: 1
-            color: Theme.hairline
-        }
         SoftButton {
             objectName: "delete"
-            anchors.left: parent.left
-            anchors.right: parent.right
-            anchors.margins: 24
-            anchors.verticalCenter: parent.verticalCenter
+            Layout.fillWidth: true
             destructive: true
             icon.name: "trash"
             title: root.detail.deleteTitle

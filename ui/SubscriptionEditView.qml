@@ -271,48 +271,30 @@ FocusScope {
         visible: middle.contentY > 0
     }
 
-    Item {
+    SheetFooter {
         id: footer
 
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.bottom: parent.bottom
-        height: 72
-
-        Rectangle {
-            anchors.left: parent.left
-            anchors.right: parent.right
-            height: 1
-            color: Theme.hairline
+        SoftButton {
+            objectName: "delete"
+            visible: root.edit.isExisting
+            destructive: true
+            title: root.isZh ? "删除" : "Delete"
+            onClicked: root.edit.deleteSubscription()
         }
-        RowLayout {
-            anchors.fill: parent
-            anchors.leftMargin: 24
-            anchors.rightMargin: 24
-            spacing: 12
-
-            SoftButton {
-                objectName: "delete"
-                visible: root.edit.isExisting
-                destructive: true
-                title: root.isZh ? "删除" : "Delete"
-                onClicked: root.edit.deleteSubscription()
-            }
-            Item {
-                Layout.fillWidth: true
-            }
-            SoftButton {
-                objectName: "cancel"
-                title: root.isZh ? "取消" : "Cancel"
-                onClicked: root.edit.cancel()
-            }
-            SoftButton {
-                objectName: "save"
-                prominent: true
-                enabled: root.edit.isValid
-                title: root.isZh ? "保存" : "Save"
-                onClicked: root.edit.save()
-            }
+        Item {
+            Layout.fillWidth: true
+        }
+        SoftButton {
+            objectName: "cancel"
+            title: root.isZh ? "取消" : "Cancel"
+            onClicked: root.edit.cancel()
+        }
+        SoftButton {
+            objectName: "save"
+            prominent: true
+            enabled: root.edit.isValid
+            title: root.isZh ? "保存" : "Save"
+            onClicked: root.edit.save()
         }
     }
 }
