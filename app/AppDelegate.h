@@ -54,7 +54,7 @@ public:
         UserDefaults &defaults; ///< Settings, and where the window's place is remembered.
         NotificationManager &notifications;
         QDBusConnection bus; ///< Where the desktop's services are.
-        Delay delay;         ///< For what opens by itself.
+        Delay delay;         ///< For what comes a little later.
     };
 
     /// Loads the list. The language of the main menu is decided here, for the life of the program.

@@ -3,6 +3,7 @@
 
 #include "ui/SymbolProvider.h"
 
+#include <QColor>
 #include <QPainter>
 #include <QSvgRenderer>
 

@@ -5,7 +5,6 @@
 
 #include "platform/Bundle.h"
 
-#include <QColor>
 #include <QQuickImageProvider>
 
 namespace tovarin {

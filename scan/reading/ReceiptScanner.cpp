@@ -9,6 +9,7 @@
 #include "scan/reading/PdfCopy.h"
 #include "scan/reading/PdfDocument.h"
 
+#include <QByteArray>
 #include <QStringList>
 
 #include <exception>

@@ -8,7 +8,6 @@
 #include "platform/UserCalendar.h"
 #include "scan/recognition/TextRecognizer.h"
 
-#include <QByteArray>
 #include <QImage>
 #include <QList>
 #include <QString>

@@ -46,8 +46,6 @@ Rectangle {
                 model: ["#FFFFFF", "#EFF0F1", "#2A2E32", "#000000"]
 
                 Rectangle {
-                    id: panel
-
                     required property color modelData
 
                     width: 120

@@ -7,7 +7,6 @@
 #include "tests/support/NotificationPrinting.h"
 #include "tests/support/Printing.h"
 
-#include <QFile>
 
 #include <gtest/gtest.h>
 

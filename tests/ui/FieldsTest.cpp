@@ -10,7 +10,6 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>

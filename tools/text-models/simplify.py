@@ -2,7 +2,6 @@
 # SPDX-License-Identifier: MIT
 """Rewrites that leave a graph's results as they are, to rounding, and its work less."""
 import numpy as np
-from onnx import helper
 
 from onnx_graph import attributes, set_attributes, set_inputs
 

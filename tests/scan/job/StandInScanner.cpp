@@ -8,7 +8,6 @@
 #include "scan/job/ScanMessages.h"
 
 #include <QFileInfo>
-#include <QTimeZone>
 
 #include <csignal>
 #include <iostream>
