@@ -3,6 +3,8 @@
 
 #include "platform/UserMonths.h"
 
+#include "platform/ICUText.h"
+
 #include <unicode/calendar.h>
 #include <unicode/dtfmtsym.h>
 #include <unicode/smpdtfmt.h>
@@ -19,10 +21,6 @@ icu::Locale localeOf(const QString &name) {
     const icu::Locale locale = icu::Locale::forLanguageTag(tag.toStdString(), status);
     const bool isNamed = U_SUCCESS(status) && *locale.getLanguage() != '\0';
     return isNamed ? locale : icu::Locale("en_US_POSIX");
-}
-
-QString fromICU(const icu::UnicodeString &text) {
-    return QString::fromUtf16(text.getBuffer(), text.length());
 }
 
 UDate toICU(CivilDay day) {

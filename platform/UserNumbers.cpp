@@ -3,6 +3,8 @@
 
 #include "platform/UserNumbers.h"
 
+#include "platform/ICUText.h"
+
 #include <unicode/decimfmt.h>
 
 #include <cmath>
@@ -14,14 +16,6 @@ namespace {
 constexpr int mostDecimals = 6;
 // No number that a person types is longer; ICU would read on for as long as there are digits.
 constexpr qsizetype longestText = 400;
-
-icu::UnicodeString toICU(const QString &text) {
-    return {reinterpret_cast<const char16_t *>(text.utf16()), static_cast<int32_t>(text.size())};
-}
-
-QString fromICU(const icu::UnicodeString &text) {
-    return QString::fromUtf16(text.getBuffer(), text.length());
-}
 
 } // namespace
 
