@@ -25,7 +25,7 @@ def refuse(*_args, **_options):
 def only_keys():
     """No pointer, and nothing that a screen reader does; it may look."""
     with mock.patch.multiple(Session, move=refuse, click=refuse, drop_files=refuse), \
-            mock.patch.multiple(Element, do=refuse, set_text=refuse, set_value=refuse):
+            mock.patch.multiple(Element, do=refuse, set_text=refuse):
         yield
 
 

@@ -11,16 +11,13 @@ import sys
 
 from main_window import LOCALES, SAMPLE, MainWindow, install, picture, settled
 from session import Session
-from words import CLOSE
+from words import ADD, CANCEL, CLOSE, QUICK_PICK_BUTTON, SETTINGS, SKIP
 
 LANGUAGES = {"en": "English", "zh": "Chinese"}
 
 # Each sheet, the button that opens it, and the one that closes it.
-SHEETS = {
-    "en": [("editor", "Add", "Cancel"), ("quick-pick", "Quick pick", "Skip"),
-           ("settings", "Settings", "Close")],
-    "zh": [("editor", "添加订阅", "取消"), ("quick-pick", "快选", "跳过"), ("settings", "设置", "关闭")],
-}
+SHEETS = (("editor", ADD, CANCEL), ("quick-pick", QUICK_PICK_BUTTON, SKIP),
+          ("settings", SETTINGS, CLOSE))
 
 
 def print_list(window):
@@ -43,11 +40,11 @@ def leave_picture(desktop, pictures, name):
 
 
 def leave_pictures_of_sheets(desktop, app, window, pictures, language):
-    for sheet, opening, closing in SHEETS[language]:
-        window.frame.find("push button", opening).do()
+    for sheet, opening, closing in SHEETS:
+        window.frame.find("push button", opening[language]).do()
         app.find("dialog")
         leave_picture(desktop, pictures, f"{sheet}-{language}")
-        app.find("push button", closing).do()
+        app.find("push button", closing[language]).do()
         app.gone("dialog")
     window.frame.find("list item", "Quillbird Pro").do("Press")
     app.find("dialog")

@@ -114,7 +114,6 @@ class Notifying(Desktop):
             notifier.add(at(DAY, "renew-1", "first"))
             wait_for("nothing pending", lambda: notifier.pending() == [])
             self.assertTrue(notifier.is_running())
-            desktop.notifications.mode = "record"
             desktop.notifications.start()
             desktop.notifications.wait()
             self.expect_no_more(desktop, 1, notifier)

@@ -8,15 +8,19 @@ import json
 import os
 import shutil
 
-from main_window import BILLS, LOCALES, MainWindow, data_file, settled
+from main_window import BILLS, LOCALES, TITLES, MainWindow, data_file, settled
 from program_test import ProgramTest, main
 from session import Session, wait_for
-from words import CANCEL, CHOOSE, CONFIRM_SCAN, NOTHING, SAVE, SCAN, SCANNED_TEXT
+from words import (CANCEL, CHOOSE, CONFIRM_SCAN, EDITORS, FIRST_CHARGE, NOTHING, SAVE, SCAN,
+                   SCANNED_TEXT)
 
 ROWS = {
     "en": ["YouTube Premium", "Video · Monthly · Charges 2025/06/26", "-¥55", "≈$7.64/mo"],
     "zh": ["YouTube Premium", "影音 · 每月 · 2025/06/26 扣费", "-¥55", "≈¥55/月"],
 }
+# What the editor says of the same bill: its fields but for the notes, and its pickers.
+FIELDS = ["YouTube Premium", "55"]
+PICKERS = {"en": ["CNY", "Video", "Monthly"], "zh": ["CNY", "影音", "每月"]}
 
 
 def session(language):
@@ -79,6 +83,60 @@ class Scan(ProgramTest):
                     "billingType": "recurring", "cycle": "monthly", "category": "影音",
                     "startDate": "2024-11-25T16:00:00Z", "isActive": True})
                 self.picture(desktop, f"scanned-{language}.png")
+                self.end(desktop, app, language)
+
+    def drop(self, desktop, dropped, target, name):
+        """Drops it onto the middle of the element, and leaves a picture of the moment before."""
+        return desktop.drop_files([dropped], target.center(),
+                                  hold=lambda: self.picture(desktop, name + ".png"))
+
+    def expect_editor(self, app, language):
+        editor = app.find("dialog", EDITORS["scan"][language], timeout=30)
+        *fields, notes = [field.text for field in editor.find_all("text")]
+        self.assertEqual(fields, FIELDS)
+        self.assertTrue(notes.startswith(SCANNED_TEXT[language]), notes)
+        self.assertEqual([picker.description for picker in editor.find_all("combo box")],
+                         PICKERS[language])
+        self.assertEqual(editor.find("push button", FIRST_CHARGE[language]).description,
+                         "2024/11/26")
+        return editor
+
+    def test_a_dropped_bill_is_read_and_stays_where_it_is(self):
+        """A source that is told "move" deletes its file."""
+        for language in LOCALES:
+            with self.subTest(language), session(language) as desktop:
+                app, window = self.start(desktop, language)
+                app.wait_window(TITLES[language])
+                path = bill(desktop, "clean/message-1x.png", "bill.png")
+                with open(path, "rb") as file:
+                    content = file.read()
+                for place, target in (("window", window.frame),
+                                      ("menus", app.find("menu bar", ""))):
+                    taken, told = self.drop(desktop, path, target, f"drop-on-{place}-{language}")
+                    self.assertTrue(taken, place)
+                    self.assertEqual(set(told), {"copy"}, place)
+                    editor = self.expect_editor(app, language)
+                    editor.find("push button", CANCEL[language]).click()
+                    app.gone("dialog")
+                    with open(path, "rb") as file:
+                        self.assertEqual(file.read(), content, place)
+                self.assertFalse(os.path.exists(data_file(desktop)))
+                self.end(desktop, app, language)
+
+    def test_a_dropped_address_is_refused(self):
+        for language in LOCALES:
+            with self.subTest(language), session(language) as desktop:
+                app, window = self.start(desktop, language)
+                app.wait_window(TITLES[language])
+                before = window.head()
+                taken, _ = self.drop(desktop, "https://example.org/bill.png", window.frame,
+                                     f"drop-an-address-{language}")
+                self.assertFalse(taken)
+                # The button says so while something is read.
+                self.assertEqual(len(app.find_all("push button", SCAN[language])), 1)
+                self.assertEqual(app.find_all("dialog"), [])
+                self.assertEqual(window.head(), before)
+                self.assertFalse(os.path.exists(data_file(desktop)))
                 self.end(desktop, app, language)
 
     def test_a_cancelled_panel_changes_nothing(self):

@@ -28,7 +28,7 @@ class Item:
         self.session, self.orders = session, session.root + "/orders"
         if not os.path.exists(self.orders):
             os.mkfifo(self.orders)
-        self.app = session.start([PROGRAM, self.orders], clock=False, **env)
+        self.app = session.start([PROGRAM, self.orders], **env)
         wait_for("the program", lambda: self.said("runs"))
         self.tell("tooltip " + tooltip)
         self.tell("icon red")
