@@ -41,6 +41,10 @@ void BillScanModel::pressScan() {
     QMetaObject::invokeMethod(this, &BillScanModel::scanReceiptImages, Qt::QueuedConnection);
 }
 
+bool BillScanModel::canRead(const QList<QUrl> &urls) const {
+    return std::ranges::any_of(urls, &QUrl::isLocalFile);
+}
+
 bool BillScanModel::handleDrop(const QList<QUrl> &urls) {
     const QList<QUrl> files = localFiles(urls);
     return !files.isEmpty() && scan(files);

@@ -47,6 +47,9 @@ public:
     /// the press, which must not be that of the panel.
     Q_INVOKABLE void pressScan();
 
+    /// Whether any of these is a local file.
+    Q_INVOKABLE bool canRead(const QList<QUrl> &urls) const;
+
     /// Has dropped files read; what is not a local file does not count. False when none is left or
     /// a scan is running.
     Q_INVOKABLE bool handleDrop(const QList<QUrl> &urls);

@@ -216,10 +216,23 @@ FocusScope {
         anchors.topMargin: -(root.menuBar?.height ?? 0)
         keys: ["text/uri-list"]
         enabled: !root.bills.isScanning
-        // Never "move": the source would delete its files.
+        // A copy or nothing: the source of a move would delete its files. It is told while they are
+        // still in the air, since some sources believe that and not what comes after the drop.
+        onEntered: drag => {
+            if (!root.bills.canRead(drag.urls))
+                drag.accepted = false;
+        }
+        onPositionChanged: drag => {
+            if (drag.supportedActions & Qt.CopyAction)
+                drag.accept(Qt.CopyAction);
+            else
+                drag.accepted = false;
+        }
         onDropped: drop => {
-            if (root.bills.handleDrop(drop.urls))
+            if ((drop.supportedActions & Qt.CopyAction) && root.bills.handleDrop(drop.urls))
                 drop.accept(Qt.CopyAction);
+            else
+                drop.accepted = false;
         }
 
         Rectangle {

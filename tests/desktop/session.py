@@ -960,8 +960,10 @@ def drag_source(pos, files):
     say = lambda *a: print(*a, flush=True)
     box.connect("drag-begin", lambda wd, c: c.connect("action-changed", lambda c, action: say("told", *action.value_nicks)))
     box.connect("drag-data-get", lambda wd, c, data, info, t: data.set_uris(uris))
-    # Gtk itself counts every drop as a success.
-    box.connect("drag-end", lambda wd, c: say("taken", Gdk.drag_drop_succeeded(c)))
+    # Gtk itself counts every drop as a success, and what never came to a drop as one, too.
+    failed = []
+    box.connect("drag-failed", lambda wd, c, r: failed.append(r))
+    box.connect("drag-end", lambda wd, c: say("taken", not failed and Gdk.drag_drop_succeeded(c)))
     w.show_all()
     GLib.timeout_add(100, lambda: say("at", pos))
     Gtk.main()

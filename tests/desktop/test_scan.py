@@ -123,19 +123,32 @@ class Scan(ProgramTest):
                 self.assertFalse(os.path.exists(data_file(desktop)))
                 self.end(desktop, app, language)
 
-    def test_a_dropped_address_is_refused(self):
+    def test_what_is_no_copy_of_a_file_is_refused(self):
         for language in LOCALES:
             with self.subTest(language), session(language) as desktop:
                 app, window = self.start(desktop, language)
                 app.wait_window(TITLES[language])
                 before = window.head()
-                taken, _ = self.drop(desktop, "https://example.org/bill.png", window.frame,
-                                     f"drop-an-address-{language}")
-                self.assertFalse(taken)
-                # The button says so while something is read.
-                self.assertEqual(len(app.find_all("push button", SCAN[language])), 1)
-                self.assertEqual(app.find_all("dialog"), [])
-                self.assertEqual(window.head(), before)
+                path = bill(desktop, "clean/message-1x.png", "bill.png")
+                # Shift asks for a move.
+                for what, dropped, key in (("address", "https://example.org/bill.png", None),
+                                           ("move", path, "shift")):
+                    if key:
+                        desktop.xdotool("keydown", key)
+                    taken, told = self.drop(desktop, dropped, window.frame,
+                                            f"drop-of-{what}-{language}")
+                    if key:
+                        desktop.xdotool("keyup", key)
+                    self.assertFalse(taken, what)
+                    self.assertNotIn("move", told, what)
+                    # The button says so while something is read.
+                    self.assertEqual(len(app.find_all("push button", SCAN[language])), 1, what)
+                    self.assertEqual(app.find_all("dialog"), [], what)
+                    self.assertEqual(window.head(), before, what)
+                    self.assertTrue(os.path.exists(path), what)
+                taken, _ = self.drop(desktop, path, window.frame, f"drop-after-all-{language}")
+                self.assertTrue(taken)
+                self.expect_editor(app, language)
                 self.assertFalse(os.path.exists(data_file(desktop)))
                 self.end(desktop, app, language)
 

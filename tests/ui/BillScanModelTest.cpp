@@ -128,6 +128,10 @@ TEST_F(BillScanModelTest, ReadsDroppedFilesThatAreOnThisMachine) {
 }
 
 TEST_F(BillScanModelTest, RefusesWhatIsNoLocalFile) {
+    const QUrl address(u"https://example.com/bill.png"_s);
+    EXPECT_FALSE(model.canRead({}));
+    EXPECT_FALSE(model.canRead({address, QUrl()}));
+    EXPECT_TRUE(model.canRead({address, QUrl(u"file:///bill.png"_s)}));
     EXPECT_FALSE(model.handleDrop({QUrl(u"https://example.com/bill.png"_s), QUrl()}));
     EXPECT_FALSE(model.handleDrop({}));
     EXPECT_EQ(states, QStringList());

@@ -147,22 +147,33 @@ QString MainWindow::focused() const {
     return at->objectName().isEmpty() ? at->property("title").toString() : at->objectName();
 }
 
-Qt::DropAction MainWindow::drop(const QList<QUrl> &urls, Qt::DropAction proposed,
+Qt::DropAction MainWindow::drop(const QList<QUrl> &urls, const QList<Qt::DropAction> &possible,
                                 std::optional<QPoint> place) {
     QMimeData files;
     files.setUrls(urls);
     const QPoint at = place.value_or(QPoint(window->width() / 2, window->height() / 2));
-    const Qt::DropActions possible = Qt::CopyAction | Qt::MoveAction;
-    QDragEnterEvent enter(at, possible, &files, Qt::LeftButton, {});
-    enter.setDropAction(proposed);
-    QCoreApplication::sendEvent(window, &enter);
-    if (!enter.isAccepted())
-        return Qt::IgnoreAction;
-    QDropEvent drop(at, possible, &files, Qt::LeftButton, {});
-    drop.setDropAction(proposed);
-    QCoreApplication::sendEvent(window, &drop);
+    Qt::DropActions actions;
+    for (const Qt::DropAction action : possible)
+        actions |= action;
+    const auto answerTo = [&](auto &&event) {
+        event.setDropAction(possible.first());
+        QCoreApplication::sendEvent(window, &event);
+        return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
+    };
+    // Some sources believe what they are told before the drop.
+    const bool isEntered =
+        answerTo(QDragEnterEvent(at, actions, &files, Qt::LeftButton, {})) != Qt::IgnoreAction;
+    const Qt::DropAction told =
+        isEntered ? answerTo(QDragMoveEvent(at, actions, &files, Qt::LeftButton, {}))
+                  : Qt::IgnoreAction;
+    if (told == Qt::IgnoreAction) {
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(window, &leave);
+        return told;
+    }
+    EXPECT_EQ(answerTo(QDropEvent(at, actions, &files, Qt::LeftButton, {})), told);
     settle();
-    return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
+    return told;
 }
 
 void MainWindow::waitForScan() {

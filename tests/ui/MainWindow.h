@@ -67,9 +67,10 @@ protected:
     /// What the keyboard is at: its title, or its name.
     QString focused() const;
 
-    /// What the window does with files that are dropped there, or on its middle: the action that it
-    /// takes.
-    Qt::DropAction drop(const QList<QUrl> &urls, Qt::DropAction proposed = Qt::CopyAction,
+    /// What the window does with files that are dropped there, or on its middle, of which the first
+    /// of these actions is proposed: the action that it takes.
+    Qt::DropAction drop(const QList<QUrl> &urls,
+                        const QList<Qt::DropAction> &possible = {Qt::CopyAction, Qt::MoveAction},
                         std::optional<QPoint> place = {});
 
     void waitForScan();

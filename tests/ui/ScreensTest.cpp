@@ -245,14 +245,16 @@ TEST_P(Screens, ScanDroppedFiles) {
 
 TEST_P(Screens, TakeFilesOnTheMenusToo) {
     open();
-    EXPECT_EQ(drop(filesNamed({u"nothing"_s}), Qt::CopyAction, QPoint(5, 5)), Qt::CopyAction);
+    EXPECT_EQ(drop(filesNamed({u"nothing"_s}), {Qt::CopyAction}, QPoint(5, 5)), Qt::CopyAction);
     waitForScan();
 }
 
 /// The source of a move would delete the files.
 TEST_P(Screens, NeverMoveDroppedFiles) {
     open();
-    EXPECT_EQ(drop(filesNamed({u"bill"_s}), Qt::MoveAction), Qt::CopyAction);
+    EXPECT_EQ(drop(filesNamed({u"bill"_s}), {Qt::MoveAction}), Qt::IgnoreAction);
+    EXPECT_FALSE(job.isRunning());
+    EXPECT_EQ(drop(filesNamed({u"bill"_s}), {Qt::MoveAction, Qt::CopyAction}), Qt::CopyAction);
     waitForScan();
 }
 
