@@ -7,7 +7,6 @@
 #include "tests/support/NotificationPrinting.h"
 #include "tests/support/Printing.h"
 
-
 #include <gtest/gtest.h>
 
 using namespace Qt::Literals::StringLiterals;
