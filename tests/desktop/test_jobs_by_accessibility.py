@@ -11,8 +11,9 @@ from main_window import LOCALES, TITLES, Panel
 from program_test import main
 from session import wait_for
 from sheets import Sheet
-from words import (AMOUNT, CANCEL, CHOOSE, CLOSE, COPY, DELETE_THIS, DETAILS, EDIT, MENU_HIDE,
-                   MENU_QUIT, NOTES, ONE_TIME, OPEN, PAUSE, QUIT, RESUME, REVIEW, SAVE, SCAN, add)
+from words import (AMOUNT, CANCEL, CHOOSE, CLOSE, CONFIRM, CONTINUE, COPY, DELETE_THIS, DETAILS,
+                   EDIT, MENU_HIDE, MENU_QUIT, NOTES, ONE_TIME, OPEN, PAUSE, PICK, QUICK_PICK,
+                   QUIT, RESUME, REVIEW, SAVE, SCAN, SETTINGS, add)
 
 # The buttons of the file panel are Qt's.
 OPEN_FILES = {"en": "Open", "zh": "打开(O)"}
@@ -97,6 +98,25 @@ class ByAccessibility(Jobs):
                 sheet.wait_closed()
                 self.expect_bills(desktop, language, OTHER, NETFLIX)
                 wait_for("the bills in the list", lambda: window.count() == 4)
+                self.choose_in_menu(app, MENU_QUIT, language)
+                self.expect_quit(app)
+
+    def test_the_quick_pick_from_the_settings(self):
+        for language in LOCALES:
+            with self.subTest(language), self.desktop(language) as desktop, only_accessibility():
+                app, window = self.start(desktop, language)
+                self.press(window.frame, SETTINGS, language)
+                sheet = Sheet(app, SETTINGS[language])
+                self.press(sheet, QUICK_PICK, language)
+                sheet.wait_closed()
+                sheet = Sheet(app, PICK[language])
+                sheet.find("check box", "iCloud+").do("Press")
+                self.press(sheet, CONTINUE, language)
+                sheet.wait_closed()
+                sheet = Sheet(app, CONFIRM[language])
+                self.press(sheet, {language: add(language, 1)}, language)
+                sheet.wait_closed()
+                wait_for("the service in the list", lambda: window.count() == 3)
                 self.choose_in_menu(app, MENU_QUIT, language)
                 self.expect_quit(app)
 
