@@ -640,7 +640,8 @@ class App(Element):
     def wait_window(self, title, timeout=10):
         """Wait until the window is there, has the keyboard, and has stopped moving (the window manager places it late)."""
         w = self.find(name=title, where=lambda e: e.role in ("frame", "window", "dialog"), timeout=timeout)
-        wait_for(f"window {title!r} to become active", lambda: "active" in w.states, timeout)
+        wait_for(lambda: f"window {title!r} to become active, not {self.s.active_window()!r} {self.where_to_look()}",
+                 lambda: "active" in w.states, timeout)
         seen = []
 
         def still():
@@ -754,11 +755,21 @@ class Session:
         if o["wm"]:
             self.spawn("openbox", ["openbox", "--sm-disable"])
             wait_for("the window manager", lambda: b"window id" in subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], env=self.env, capture_output=True).stdout)
+            self._wait_for_manager()
         self.notifications = Notifications(self)
         if o["notifications"] == "record":
             self.notifications.start()
         if o["tray"] == "sni":
             self.tray = Tray(self)
+
+    def _wait_for_manager(self):
+        """Openbox says that it is there before it reads its configuration. A window that asks to be shown meanwhile may
+        wait until something else happens on the display; so may a key."""
+        for desktop in ("1", "0"):
+            def has_gone_there():
+                self.xdotool("set_desktop", desktop)
+                return self.xdotool("get_desktop") == desktop
+            wait_for(f"the window manager to go to desktop {desktop}", has_gone_there, 10)
 
     def _loop(self):
         """One GLib loop for the whole process serves what sessions export on D-Bus."""
