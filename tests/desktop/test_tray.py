@@ -7,7 +7,6 @@ import glob
 import os
 import re
 import sys
-import time
 import unittest
 
 from session import Session, Tray, wait_for
@@ -208,9 +207,8 @@ class NoTray(unittest.TestCase):
                 earlier, before = before, item.switches()
                 return before == earlier
 
-            wait_for("the program to come to rest", at_rest, every=0.5)
-            time.sleep(IDLE_SECONDS)
-            self.assertEqual(item.switches(), before)
+            # What comes late, on a busy machine, comes once.
+            wait_for(f"{IDLE_SECONDS} s of rest", at_rest, 6 * IDLE_SECONDS, every=IDLE_SECONDS)
             self.assertGreater(len(before), 1, "threads")
             self.assertEqual(item.geometry(), (0, 0, 0, 0))
             self.assertNotEqual(item.switches(), before, "what it did is seen")
