@@ -223,7 +223,8 @@ FocusScope {
                 drag.accepted = false;
         }
         onPositionChanged: drag => {
-            if (drag.supportedActions & Qt.CopyAction)
+            isTaken = (drag.supportedActions & Qt.CopyAction) !== 0;
+            if (isTaken)
                 drag.accept(Qt.CopyAction);
             else
                 drag.accepted = false;
@@ -235,10 +236,13 @@ FocusScope {
                 drop.accepted = false;
         }
 
+        property bool isTaken: false
+
         Rectangle {
+            objectName: "dropFrame"
             anchors.fill: parent
             anchors.margins: 6
-            visible: parent.containsDrag
+            visible: parent.containsDrag && parent.isTaken
             radius: 14
             color: "transparent"
             border.width: 2

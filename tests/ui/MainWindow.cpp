@@ -166,6 +166,7 @@ Qt::DropAction MainWindow::drop(const QList<QUrl> &urls, const QList<Qt::DropAct
     const Qt::DropAction told =
         isEntered ? answerTo(QDragMoveEvent(at, actions, &files, Qt::LeftButton, {}))
                   : Qt::IgnoreAction;
+    EXPECT_EQ(item("dropFrame").isVisible(), told != Qt::IgnoreAction);
     if (told == Qt::IgnoreAction) {
         QDragLeaveEvent leave;
         QCoreApplication::sendEvent(window, &leave);
