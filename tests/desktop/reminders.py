@@ -8,6 +8,9 @@ import signal
 from gi.repository import GLib
 from session import forget_clock, wait_for
 
+# A reminder is seen as soon as the machine, which may be busy, gets to it.
+MOST_SECONDS_LATE = 10
+
 SERVICE = "app.tovarin.Tovarin.Notifier"
 PATH = "/app/tovarin/Tovarin/Notifier"
 
