@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
-#include <ranges>
+#include <span>
 
 namespace tovarin {
 
@@ -73,7 +73,7 @@ bool isOfWord(const Glyph &glyph) {
 }
 
 /// The one known word that the glyphs may spell if one or more are exchanged.
-std::optional<QStringList> knownSpelling(std::ranges::subrange<Glyphs::iterator> word) {
+std::optional<QStringList> knownSpelling(std::span<const Glyph> word) {
     constexpr std::size_t mostSpellings = 64;
     std::vector<QStringList> spellings = {{}};
     for (const Glyph &glyph : word) {
@@ -164,30 +164,25 @@ void settleTimes(Glyphs &glyphs) {
 }
 
 /// No word has a capital I amid small letters, but where a second word begins ("myInvoice").
-void settleInner(std::ranges::subrange<Glyphs::iterator> word) {
+void settleInner(std::span<Glyph> word) {
     for (std::size_t i = 1; i + 1 < word.size(); ++i) {
-        const auto at = static_cast<std::ptrdiff_t>(i);
-        if (word[at].text != QStringLiteral("I"))
+        if (word[i].text != QStringLiteral("I"))
             continue;
         const bool isAfterFirst = i == 1 && isLatinLetter(codePoint(word[0].text));
-        const bool isAfterSmall = word[at - 1].text.at(0).isLower();
-        const bool areSmall =
-            std::all_of(word.begin() + at + 1, word.end(),
-                        [](const Glyph &glyph) { return glyph.text.at(0).isLower(); });
-        const bool mayBegin =
-            isAfterSmall && QStringView(u"nmst").contains(word[at + 1].text.at(0));
+        const bool isAfterSmall = word[i - 1].text.at(0).isLower();
+        const bool areSmall = std::ranges::all_of(
+            word.subspan(i + 1), [](const Glyph &glyph) { return glyph.text.at(0).isLower(); });
+        const bool mayBegin = isAfterSmall && QStringView(u"nmst").contains(word[i + 1].text.at(0));
         if ((isAfterFirst || isAfterSmall) && areSmall && !mayBegin)
-            settle(word[at], QStringLiteral("l"));
+            settle(word[i], QStringLiteral("l"));
     }
 }
 
 /// No word begins with a small l and a consonant, or with a zero and letters.
-void settleInitial(std::ranges::subrange<Glyphs::iterator> word) {
+void settleInitial(std::span<Glyph> word) {
     if (word.size() < 3)
         return;
-    const auto isLetter = [&word](std::ptrdiff_t i) {
-        return isLatinLetter(codePoint(word[i].text));
-    };
+    const auto isLetter = [&word](std::size_t i) { return isLatinLetter(codePoint(word[i].text)); };
     const QString second = word[1].text;
     if (word[0].text == QStringLiteral("l") && isLetter(1) && second.at(0).isLower() &&
         !QStringView(u"aeiouyáéíóúàèêëîôöü").contains(second.at(0)))
@@ -241,7 +236,7 @@ Glyphs withSettledLetters(Glyphs glyphs) {
             continue;
         }
         const auto end = std::find_if_not(begin, glyphs.end(), isOfWord);
-        const std::ranges::subrange word(begin, end);
+        const std::span word(begin, end);
         const auto spelling = isProperAl(glyphs, begin, end) ? std::nullopt : knownSpelling(word);
         if (spelling) {
             for (qsizetype i = 0; i < spelling->size(); ++i)
