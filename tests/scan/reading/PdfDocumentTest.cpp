@@ -9,9 +9,6 @@
 #include "tests/scan/reading/PdfMaker.h"
 #include "tests/support/Printing.h"
 
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFWriter.hh>
-
 #include <gtest/gtest.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -45,19 +42,6 @@ QString inkedQuarters(const QImage &image) {
 /// A page of 200 by 300 points with ink in its lower left quarter.
 QByteArray inkedPage(const QByteArray &entries, const QByteArray &inherited = {}) {
     return pdfOf({{inkedRectangle(0, 0, 100, 150), entries}}, inherited);
-}
-
-QByteArray encrypted(const QByteArray &pdf, const char *userPassword) {
-    QPDF document;
-    document.processMemoryFile("bill", pdf.constData(), static_cast<std::size_t>(pdf.size()));
-    QPDFWriter writer(document);
-    writer.setOutputMemory();
-    writer.setR6EncryptionParameters(userPassword, "owner", false, false, false, false, false,
-                                     false, qpdf_r3p_none, true);
-    writer.write();
-    const auto buffer = writer.getBufferSharedPointer();
-    return {reinterpret_cast<const char *>(buffer->getBuffer()),
-            static_cast<qsizetype>(buffer->getSize())};
 }
 
 class BoxTest : public testing::TestWithParam<std::pair<const char *, const char *>> {};

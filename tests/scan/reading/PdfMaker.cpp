@@ -4,6 +4,8 @@
 #include "tests/scan/reading/PdfMaker.h"
 
 #include <QString>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFWriter.hh>
 
 namespace tovarin {
 
@@ -88,6 +90,19 @@ QByteArray inkedRectangle(int x, int y, int width, int height) {
 
 QByteArray scan() {
     return "q 200 0 0 300 0 0 cm BI /W 1 /H 1 /CS /RGB /BPC 8 /F /AHx ID c82828> EI Q ";
+}
+
+QByteArray encrypted(const QByteArray &pdf, const char *userPassword) {
+    QPDF document;
+    document.processMemoryFile("bill", pdf.constData(), static_cast<std::size_t>(pdf.size()));
+    QPDFWriter writer(document);
+    writer.setOutputMemory();
+    writer.setR6EncryptionParameters(userPassword, "owner", false, false, false, false, false,
+                                     false, qpdf_r3p_none, true);
+    writer.write();
+    const auto buffer = writer.getBufferSharedPointer();
+    return {reinterpret_cast<const char *>(buffer->getBuffer()),
+            static_cast<qsizetype>(buffer->getSize())};
 }
 
 } // namespace tovarin

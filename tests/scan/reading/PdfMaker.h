@@ -29,4 +29,7 @@ QByteArray inkedRectangle(int x, int y, int width, int height);
 /// Content like that of a scanner: one picture of ink all over the page.
 QByteArray scan();
 
+/// The file, encrypted with AES-256. It opens without a password where the user's is empty.
+QByteArray encrypted(const QByteArray &pdf, const char *userPassword);
+
 } // namespace tovarin
