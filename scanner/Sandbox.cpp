@@ -10,7 +10,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef TOVARIN_ADDRESS_SANITIZER
 extern "C" int __lsan_is_turned_off() {
     return 1;
 }
@@ -20,7 +20,7 @@ namespace tovarin {
 
 namespace {
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef TOVARIN_ADDRESS_SANITIZER
 constexpr bool limitsMemory = false;
 #else
 constexpr bool limitsMemory = true;

@@ -5,6 +5,15 @@
 
 #include <cstddef>
 
+// GCC says by a macro that it builds with the address sanitizer, Clang by a feature.
+#ifdef __SANITIZE_ADDRESS__
+#define TOVARIN_ADDRESS_SANITIZER
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define TOVARIN_ADDRESS_SANITIZER
+#endif
+#endif
+
 namespace tovarin {
 
 /// The memory that the process may fill, mapped files and programs not counted.

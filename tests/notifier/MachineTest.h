@@ -18,7 +18,7 @@ protected:
     QStringList posted() { return std::exchange(m.service.posted, {}); }
 
     Machine m;
-    const QStringList nothing;
+    const QStringList nothing{};
     const QStringList a{QStringLiteral("a")};
 };
 

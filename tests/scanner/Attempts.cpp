@@ -134,7 +134,7 @@ const std::vector<Attempt> &attempts() {
         {"list a folder", 0, listFolder},
         {"start a thread", 0, startThread},
         {"take a little memory", 0, [] { return takeMemory(std::size_t{64} << 20); }},
-#ifndef __SANITIZE_ADDRESS__
+#ifndef TOVARIN_ADDRESS_SANITIZER
         {"take too much memory", ENOMEM, [] { return takeMemory(memoryLimit); }},
 #endif
         {"read a stream that was open", EBADF, [] { return result(fcntl(100, F_GETFD)); }},
