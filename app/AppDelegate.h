@@ -36,8 +36,8 @@ namespace tovarin {
 
 class NotificationManager;
 
-/// Runs the program: it has the one Store, opens the main window, and puts the item into the menu
-/// bar whose click opens a panel. Closing the window does not end the program; quitting does.
+/// Runs the program: it has the one Store, opens the main window, and shows the status item, whose
+/// click opens a panel. Closing the window does not end the program; quitting does.
 /// Lives as long as the program, and needs a QApplication.
 class AppDelegate : public QObject {
     Q_OBJECT
@@ -61,7 +61,7 @@ public:
     explicit AppDelegate(const Surroundings &surroundings);
     ~AppDelegate() override;
 
-    /// Shows the window and the menu-bar item, once everything else is there.
+    /// Shows the window and the status item, once everything else is there.
     void applicationDidFinishLaunching();
 
     /// Makes the main window, or brings the one there is back to the front; closes the panel. The
@@ -72,7 +72,7 @@ public:
     /// Shows the main window and reads these bills.
     void open(const QList<QUrl> &files, const QString &activationToken = {});
 
-    /// Opens the panel beside the menu-bar item, with what is true now, or closes it. `pointer`
+    /// Opens the panel beside the status item, with what is true now, or closes it. `pointer`
     /// stands for the item where nobody knows its place.
     void togglePopover(QPoint pointer);
 
@@ -88,7 +88,7 @@ public:
     /// Null while the panel is closed.
     QQuickView *popover() const { return m_popover.get(); }
 
-    /// What the pointer reads when it rests on the menu-bar item.
+    /// What the pointer reads when it rests on the status item.
     QString statusToolTip() const { return m_statusToolTip; }
 
     Store &store() { return m_store; }

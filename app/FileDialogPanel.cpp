@@ -30,7 +30,7 @@ QList<QUrl> FileDialogPanel::run(const Request &request) {
     QFileDialog dialog;
     dialog.winId(); // Makes the window that the next line looks for.
     dialog.windowHandle()->setTransientParent(window);
-    // The menu-bar panel, from which the program can be quit, goes on working.
+    // The panel of the status item, from which the program can be quit, goes on working.
     if (window)
         dialog.setWindowModality(Qt::WindowModal);
     dialog.setWindowTitle(request.message);

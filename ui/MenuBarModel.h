@@ -14,7 +14,7 @@ namespace tovarin {
 class LocalizationManager;
 class Store;
 
-/// What the panel of the menu-bar item shows: the monthly spend and the charges due within a week.
+/// What the panel of the status item shows: the monthly spend and the charges due within a week.
 /// It shows the list and the language of the moment, and follows both; a new one is made each time
 /// the panel opens.
 class MenuBarModel : public QObject {

@@ -6,7 +6,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tovarin
 
-// The panel that drops from the menu-bar item.
+// The panel that drops from the status item.
 Rectangle {
     id: root
 
